@@ -1,0 +1,30 @@
+# One static library per module under src/<Module>, include paths rooted at src/.
+function(ovik_module name)
+  cmake_parse_arguments(ARG "" "" "DEPENDS;PRIVATE_DEPENDS;EXTRA_SOURCES" ${ARGN})
+  file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
+  if(NOT sources AND NOT ARG_EXTRA_SOURCES)
+    # A module with headers only so far.
+    add_library(${name} INTERFACE)
+    target_include_directories(${name} INTERFACE ${PROJECT_SOURCE_DIR}/src)
+    target_link_libraries(${name} INTERFACE ${ARG_DEPENDS})
+    return()
+  endif()
+  add_library(${name} STATIC ${sources} ${ARG_EXTRA_SOURCES})
+  target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+  target_link_libraries(${name} PUBLIC ${ARG_DEPENDS} PRIVATE ${ARG_PRIVATE_DEPENDS})
+endfunction()
+
+# One test binary per module: tests/<Module>/*.cpp.
+function(ovik_module_tests module)
+  cmake_parse_arguments(ARG "" "" "DEPENDS" ${ARGN})
+  file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${module}/*.cpp)
+  if(NOT sources)
+    return()
+  endif()
+  add_executable(${module}Tests ${sources})
+  target_include_directories(${module}Tests PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+  target_link_libraries(${module}Tests PRIVATE ${module} ${ARG_DEPENDS} GTest::gtest GTest::gtest_main GTest::gmock)
+  target_compile_definitions(${module}Tests PRIVATE OVIK_TEST_DATA="${PROJECT_SOURCE_DIR}/tests/data"
+                                                    OVIK_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
+  gtest_discover_tests(${module}Tests DISCOVERY_TIMEOUT 60)
+endfunction()

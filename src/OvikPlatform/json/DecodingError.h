@@ -1,0 +1,45 @@
+#pragma once
+// Failures of reading JSON into a record. The error carries its data (kind, coding path, the
+// decoder's own description); the layers above word it for a person through the text table.
+#include <string>
+#include <vector>
+
+#include "OvikPlatform/Error.h"
+#include "OvikPlatform/json/CodingPath.h"
+
+namespace ovik {
+
+class DecodingError : public Error {
+public:
+    enum class Kind { keyNotFound, valueNotFound, typeMismatch, dataCorrupted };
+
+    DecodingError(Kind kind, std::vector<CodingKey> codingPath, std::string debugDescription);
+
+    static DecodingError keyNotFound(const CodingPath& path, std::string_view key);
+    static DecodingError valueNotFound(const CodingPath& path, std::string_view type);
+    static DecodingError typeMismatch(const CodingPath& path, std::string_view type, std::string_view found);
+    static DecodingError dataCorrupted(const CodingPath& path, std::string description);
+
+    Kind kind() const { return kind_; }
+    const std::vector<CodingKey>& codingPath() const { return codingPath_; }
+    const std::string& debugDescription() const { return debugDescription_; }
+
+private:
+    Kind kind_;
+    std::vector<CodingKey> codingPath_;
+    std::string debugDescription_;
+};
+
+/// A value that JSON can't hold (a non-finite number): encoding fails and nothing is written.
+class EncodingError : public Error {
+public:
+    EncodingError(std::vector<CodingKey> codingPath, std::string debugDescription);
+    const std::vector<CodingKey>& codingPath() const { return codingPath_; }
+    const std::string& debugDescription() const { return debugDescription_; }
+
+private:
+    std::vector<CodingKey> codingPath_;
+    std::string debugDescription_;
+};
+
+} // namespace ovik

@@ -1,0 +1,50 @@
+#include "OvikPlatform/json/JSONCoding.h"
+
+#include "OvikPlatform/json/JSONNumberText.h"
+
+namespace ovik {
+namespace json_detail {
+
+void mismatch(JSONNode node, const CodingPath& path, std::string_view type) {
+    if (node.isNull()) throw DecodingError::valueNotFound(path, type);
+    throw DecodingError::typeMismatch(path, type, node.kindDescription());
+}
+
+void doesNotFit(JSONNode node, const CodingPath& path, std::string_view type) {
+    std::string digits;
+    if (node.kind() == JSONNode::Kind::integer)
+        digits = std::to_string(node.integer());
+    else
+        JSONNumberText::appendDouble(digits, node.number());
+    throw DecodingError::dataCorrupted(path, "Parsed JSON number <" + digits + "> does not fit in " + std::string(type) + ".");
+}
+
+void expect(JSONNode node, JSONNode::Kind kind, const CodingPath& path, std::string_view type) {
+    if (node.kind() != kind) mismatch(node, path, type);
+}
+
+} // namespace json_detail
+
+TaggedCase TaggedCase::read(JSONNode node, const CodingPath& path) {
+    if (node.kind() == JSONNode::Kind::string) return TaggedCase{std::string(node.string()), std::nullopt, path};
+    if (node.kind() != JSONNode::Kind::object || node.size() != 1)
+        throw DecodingError::dataCorrupted(path, "Expected a case name or an object with one key");
+    const auto member = *node.members().begin();
+    return TaggedCase{std::string(member.key), node, path};
+}
+
+JSONNode TaggedCase::requirePayload() const {
+    if (values) {
+        JSONNode payload = *values;
+        if (values->find(name, payload)) return payload;
+    }
+    throw DecodingError::dataCorrupted(codingPath, "Case " + name + " needs a value");
+}
+
+JSONValue taggedValue(const CaseKey& key, JSONValue payload) {
+    JSONValue::Object object;
+    object.emplace(key.stringValue, std::move(payload));
+    return JSONValue(std::move(object));
+}
+
+} // namespace ovik

@@ -1,0 +1,377 @@
+#pragma once
+// The declare-once codec. A record lists its fields once:
+//
+//   static constexpr auto jsonFields() {
+//       return std::tuple{required("width", &PixelSize::width), required("height", &PixelSize::height)};
+//   }
+//
+// and encoding, decoding and defaults all follow from that list: `required` is always written
+// and must be present; `optional` (an std::optional or HeldIfSet) is left out when empty;
+// `defaulted` is left out when it equals the value of a default-constructed record and takes
+// that value when absent. A custom form is a coder type given as the template argument,
+// `required<HexColor>("tint", &T::tint)`. Unknown keys are ignored; the first failing field
+// is reported with its coding path.
+#include <cmath>
+#include <cstdint>
+#include <limits>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <tuple>
+#include <type_traits>
+#include <variant>
+#include <vector>
+
+#include "OvikPlatform/Enumeration.h"
+#include "OvikPlatform/json/DecodingError.h"
+#include "OvikPlatform/json/JSONDocument.h"
+#include "OvikPlatform/json/JSONValue.h"
+
+namespace ovik {
+
+template <class T, class Enable = void>
+struct JSONCoding;
+
+template <class T>
+JSONValue encodeJSON(const T& value) {
+    return JSONCoding<T>::encode(value);
+}
+
+template <class T>
+T decodeJSON(JSONNode node, const CodingPath& path = CodingPath()) {
+    return JSONCoding<T>::decode(node, path);
+}
+
+/// Parses and decodes; a text that is not JSON fails as data corrupted.
+template <class T>
+T decodeJSON(std::string_view bytes) {
+    const JSONDocument document = JSONDocument::parse(bytes);
+    return JSONCoding<T>::decode(document.root(), CodingPath());
+}
+
+/// Decodes a stored value from a generic one.
+template <class T>
+T decodeJSON(const JSONValue& value) {
+    return decodeJSON<T>(std::string_view(value.compact()));
+}
+
+// ---- scalars ---------------------------------------------------------------------------------
+
+namespace json_detail {
+[[noreturn]] void mismatch(JSONNode node, const CodingPath& path, std::string_view type);
+[[noreturn]] void doesNotFit(JSONNode node, const CodingPath& path, std::string_view type);
+void expect(JSONNode node, JSONNode::Kind kind, const CodingPath& path, std::string_view type);
+} // namespace json_detail
+
+template <>
+struct JSONCoding<bool> {
+    static JSONValue encode(bool v) { return JSONValue(v); }
+    static bool decode(JSONNode node, const CodingPath& path) {
+        json_detail::expect(node, JSONNode::Kind::boolean, path, "Bool");
+        return node.boolean();
+    }
+};
+
+template <class I>
+struct JSONCoding<I, std::enable_if_t<std::is_integral_v<I> && !std::is_same_v<I, bool>>> {
+    static JSONValue encode(I v) { return JSONValue(std::int64_t(v)); }
+    static I decode(JSONNode node, const CodingPath& path) {
+        if (node.kind() == JSONNode::Kind::number) json_detail::doesNotFit(node, path, "Int");
+        json_detail::expect(node, JSONNode::Kind::integer, path, "Int");
+        const std::int64_t v = node.integer();
+        if (v < std::int64_t(std::numeric_limits<I>::min()) ||
+            (v > 0 && std::uint64_t(v) > std::uint64_t(std::numeric_limits<I>::max())))
+            json_detail::doesNotFit(node, path, "Int");
+        return I(v);
+    }
+};
+
+template <>
+struct JSONCoding<double> {
+    static JSONValue encode(double v) { return JSONValue(v); }
+    static double decode(JSONNode node, const CodingPath& path) {
+        if (node.kind() != JSONNode::Kind::integer) json_detail::expect(node, JSONNode::Kind::number, path, "Double");
+        return node.number();
+    }
+};
+
+template <>
+struct JSONCoding<float> {
+    static JSONValue encode(float v) { return JSONValue(v); }
+    static float decode(JSONNode node, const CodingPath& path) {
+        const double v = JSONCoding<double>::decode(node, path);
+        if (std::fabs(v) > double(std::numeric_limits<float>::max())) json_detail::doesNotFit(node, path, "Float");
+        return float(v);
+    }
+};
+
+template <>
+struct JSONCoding<std::string> {
+    static JSONValue encode(const std::string& v) { return JSONValue(v); }
+    static std::string decode(JSONNode node, const CodingPath& path) {
+        json_detail::expect(node, JSONNode::Kind::string, path, "String");
+        return std::string(node.string());
+    }
+};
+
+template <>
+struct JSONCoding<JSONValue> {
+    static JSONValue encode(const JSONValue& v) { return v; }
+    static JSONValue decode(JSONNode node, const CodingPath&) { return node.value(); }
+};
+
+// ---- containers ------------------------------------------------------------------------------
+
+template <class T>
+struct JSONCoding<std::vector<T>> {
+    static JSONValue encode(const std::vector<T>& v) {
+        JSONValue::Array array;
+        array.reserve(v.size());
+        for (const T& element : v) array.push_back(JSONCoding<T>::encode(element));
+        return JSONValue(std::move(array));
+    }
+    static std::vector<T> decode(JSONNode node, const CodingPath& path) {
+        json_detail::expect(node, JSONNode::Kind::array, path, "Array<Any>");
+        std::vector<T> out;
+        out.reserve(node.size());
+        std::int64_t index = 0;
+        for (JSONNode element : node.elements()) out.push_back(JSONCoding<T>::decode(element, path.appending(index++)));
+        return out;
+    }
+};
+
+template <class T>
+struct JSONCoding<std::map<std::string, T>> {
+    static JSONValue encode(const std::map<std::string, T>& v) {
+        JSONValue::Object object;
+        for (const auto& [key, element] : v) object.emplace(key, JSONCoding<T>::encode(element));
+        return JSONValue(std::move(object));
+    }
+    static std::map<std::string, T> decode(JSONNode node, const CodingPath& path) {
+        json_detail::expect(node, JSONNode::Kind::object, path, "Dictionary<String, Any>");
+        std::map<std::string, T> out;
+        for (auto member : node.members())
+            out.insert_or_assign(std::string(member.key), JSONCoding<T>::decode(member.value, path.appending(member.key)));
+        return out;
+    }
+};
+
+/// An optional standing alone (an element of a list, say): null when empty.
+template <class T>
+struct JSONCoding<std::optional<T>> {
+    static JSONValue encode(const std::optional<T>& v) { return v ? JSONCoding<T>::encode(*v) : JSONValue(); }
+    static std::optional<T> decode(JSONNode node, const CodingPath& path) {
+        if (node.isNull()) return std::nullopt;
+        return JSONCoding<T>::decode(node, path);
+    }
+};
+
+// ---- plain enumerations: the bare case name ----------------------------------------------------
+
+template <NamedEnum E>
+struct JSONCoding<E> {
+    static JSONValue encode(E v) { return JSONValue(caseName(v)); }
+    static E decode(JSONNode node, const CodingPath& path) {
+        json_detail::expect(node, JSONNode::Kind::string, path, "String");
+        constexpr auto names = enumCases(static_cast<E*>(nullptr));
+        E out{};
+        if (!names.find(node.string(), out))
+            throw DecodingError::dataCorrupted(path, "Cannot initialize " + std::string(names.typeName) +
+                                                         " from invalid String value " + std::string(node.string()));
+        return out;
+    }
+};
+
+// ---- records ---------------------------------------------------------------------------------
+
+enum class JSONPresence { required, optional, defaulted };
+
+template <class Coder, class Owner, class Member, JSONPresence Presence>
+struct JSONField {
+    std::string_view key;
+    Member Owner::*member;
+};
+
+namespace json_detail {
+template <class Member>
+struct Wrapped {
+    using type = Member;
+};
+template <class Member>
+    requires requires(const Member& m) {
+        typename Member::value_type;
+        m.has_value();
+    }
+struct Wrapped<Member> {
+    using type = typename Member::value_type;
+};
+template <class Coder, class Member>
+using CoderFor = std::conditional_t<std::is_void_v<Coder>, JSONCoding<Member>, Coder>;
+} // namespace json_detail
+
+template <class Coder = void, class Owner, class Member>
+constexpr auto required(std::string_view key, Member Owner::*member) {
+    return JSONField<json_detail::CoderFor<Coder, Member>, Owner, Member, JSONPresence::required>{key, member};
+}
+
+template <class Coder = void, class Owner, class Member>
+constexpr auto optional(std::string_view key, Member Owner::*member) {
+    using Value = typename json_detail::Wrapped<Member>::type;
+    return JSONField<json_detail::CoderFor<Coder, Value>, Owner, Member, JSONPresence::optional>{key, member};
+}
+
+template <class Coder = void, class Owner, class Member>
+constexpr auto defaulted(std::string_view key, Member Owner::*member) {
+    return JSONField<json_detail::CoderFor<Coder, Member>, Owner, Member, JSONPresence::defaulted>{key, member};
+}
+
+template <class T>
+concept JSONRecord = requires { T::jsonFields(); };
+
+template <JSONRecord T>
+struct JSONCoding<T> {
+    static const T& defaults() {
+        static const T value{};
+        return value;
+    }
+
+    static JSONValue encode(const T& record) {
+        JSONValue::Object object;
+        std::apply([&](const auto&... field) { (encodeField(object, record, field), ...); }, T::jsonFields());
+        return JSONValue(std::move(object));
+    }
+
+    static T decode(JSONNode node, const CodingPath& path) {
+        json_detail::expect(node, JSONNode::Kind::object, path, "Dictionary<String, Any>");
+        T record{};
+        std::uint32_t hint = 0;
+        std::apply([&](const auto&... field) { (decodeField(record, node, path, hint, field), ...); }, T::jsonFields());
+        return record;
+    }
+
+private:
+    template <class Coder, class Member, JSONPresence Presence>
+    static void encodeField(JSONValue::Object& object, const T& record,
+                            const JSONField<Coder, T, Member, Presence>& field) {
+        const Member& value = record.*field.member;
+        if constexpr (Presence == JSONPresence::optional) {
+            if (value.has_value()) object.emplace(field.key, Coder::encode(*value));
+        } else {
+            if constexpr (Presence == JSONPresence::defaulted)
+                if (value == defaults().*field.member) return;
+            object.emplace(field.key, Coder::encode(value));
+        }
+    }
+
+    template <class Coder, class Member, JSONPresence Presence>
+    static void decodeField(T& record, JSONNode node, const CodingPath& path, std::uint32_t& hint,
+                            const JSONField<Coder, T, Member, Presence>& field) {
+        JSONNode value = node;
+        if (!node.find(field.key, value, hint)) {
+            if constexpr (Presence == JSONPresence::required) throw DecodingError::keyNotFound(path, field.key);
+            return;
+        }
+        // An explicit null stands for absence, except where a value is required.
+        if (Presence != JSONPresence::required && value.isNull()) return;
+        record.*field.member = Coder::decode(value, path.appending(field.key));
+    }
+};
+
+// ---- enumerations with payload: the tagged form --------------------------------------------------
+
+/// A coding key that is any text, for keys known only at run time (a case's name).
+struct CaseKey {
+    std::string stringValue;
+    std::optional<int> intValue() const { return std::nullopt; }
+};
+
+/// Reads the tagged form of a case: a bare string, or an object of exactly one key.
+struct TaggedCase {
+    std::string name;
+    std::optional<JSONNode> values; // the one-key object; none for a bare string
+    CodingPath codingPath;
+
+    static TaggedCase read(JSONNode node, const CodingPath& path);
+    CaseKey key() const { return CaseKey{name}; }
+
+    /// Decodes the payload under the case's key; a bare string has none to give.
+    template <class U>
+    U value() const {
+        JSONNode payload = requirePayload();
+        return JSONCoding<U>::decode(payload, codingPath.appending(name));
+    }
+
+private:
+    JSONNode requirePayload() const;
+};
+
+/// The one-key object of a case with payload.
+JSONValue taggedValue(const CaseKey& key, JSONValue payload);
+
+namespace json_detail {
+template <class Case>
+constexpr bool caseHasRecordPayload = JSONRecord<Case>;
+template <class Case>
+constexpr bool caseHasValuePayload = !JSONRecord<Case> && requires(Case c) { c.value; };
+
+template <class Case>
+JSONValue encodeCase(const Case& c) {
+    if constexpr (caseHasRecordPayload<Case>)
+        return taggedValue(CaseKey{std::string(Case::name)}, JSONCoding<Case>::encode(c));
+    else if constexpr (caseHasValuePayload<Case>)
+        return taggedValue(CaseKey{std::string(Case::name)}, encodeJSON(c.value));
+    else
+        return JSONValue(Case::name);
+}
+
+template <class Case>
+Case decodeCase(const TaggedCase& tagged) {
+    if constexpr (caseHasRecordPayload<Case>)
+        return tagged.value<Case>();
+    else if constexpr (caseHasValuePayload<Case>)
+        return Case{tagged.value<decltype(Case::value)>()};
+    else
+        return Case{};
+}
+} // namespace json_detail
+
+template <class T>
+concept JSONTaggedEnumeration = requires(const T& t) { t.cases; } && std::is_base_of_v<Enumeration<T>, T>;
+
+template <JSONTaggedEnumeration T>
+    requires(!JSONRecord<T>)
+struct JSONCoding<T> {
+    static JSONValue encode(const T& value) {
+        return std::visit([](const auto& c) { return json_detail::encodeCase(c); }, value.cases);
+    }
+
+    static T decode(JSONNode node, const CodingPath& path) {
+        const TaggedCase tagged = TaggedCase::read(node, path);
+        std::optional<T> out;
+        tryCases(tagged, out, static_cast<decltype(T::cases)*>(nullptr));
+        if (!out) throw DecodingError::dataCorrupted(path, unknownCase(tagged.name));
+        return std::move(*out);
+    }
+
+private:
+    template <class... Cases>
+    static void tryCases(const TaggedCase& tagged, std::optional<T>& out, std::variant<Cases...>*) {
+        ((out || tagged.name != Cases::name ? void() : void(out = makeFrom(json_detail::decodeCase<Cases>(tagged)))),
+         ...);
+    }
+    template <class Case>
+    static T makeFrom(Case c) {
+        T value{};
+        value.cases = std::move(c);
+        return value;
+    }
+    static std::string unknownCase(const std::string& name) {
+        if constexpr (requires { T::unknownCaseMessage(name); })
+            return T::unknownCaseMessage(name);
+        else
+            return "Unknown case " + name;
+    }
+};
+
+} // namespace ovik

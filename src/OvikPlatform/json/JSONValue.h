@@ -1,0 +1,66 @@
+#pragma once
+// The generic JSON value. Objects are ordered maps, so keys iterate in UTF-8 byte order and
+// nothing in an output depends on hash order. A `float` case exists only for encoding: a
+// single-precision field is laid out with its own shortest digits; reading never makes one.
+#include <cstdint>
+#include <map>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+namespace ovik {
+
+class JSONValue {
+public:
+    using Array = std::vector<JSONValue>;
+    using Object = std::map<std::string, JSONValue, std::less<>>;
+    using Storage = std::variant<std::nullptr_t, bool, std::int64_t, double, float, std::string, Array, Object>;
+
+    JSONValue() : storage_(nullptr) {}
+    JSONValue(std::nullptr_t) : storage_(nullptr) {}
+    JSONValue(bool value) : storage_(value) {}
+    JSONValue(int value) : storage_(std::int64_t(value)) {}
+    JSONValue(std::int64_t value) : storage_(value) {}
+    JSONValue(double value) : storage_(value) {}
+    JSONValue(float value) : storage_(value) {}
+    JSONValue(std::string value) : storage_(std::move(value)) {}
+    JSONValue(std::string_view value) : storage_(std::string(value)) {}
+    JSONValue(const char* value) : storage_(std::string(value)) {}
+    JSONValue(Array value) : storage_(std::move(value)) {}
+    JSONValue(Object value) : storage_(std::move(value)) {}
+
+    /// Parses JSON text; throws `DecodingError` when it is not JSON.
+    static JSONValue parse(std::string_view text);
+
+    const Storage& storage() const { return storage_; }
+    bool isNull() const { return std::holds_alternative<std::nullptr_t>(storage_); }
+    const bool* boolean() const { return std::get_if<bool>(&storage_); }
+    const std::int64_t* integer() const { return std::get_if<std::int64_t>(&storage_); }
+    const std::string* string() const { return std::get_if<std::string>(&storage_); }
+    const Array* array() const { return std::get_if<Array>(&storage_); }
+    const Object* object() const { return std::get_if<Object>(&storage_); }
+    Array* array() { return std::get_if<Array>(&storage_); }
+    Object* object() { return std::get_if<Object>(&storage_); }
+    /// Any number as a double (integers converted), or false when this is not a number.
+    bool number(double& out) const;
+
+    /// Keys sorted, slashes not escaped, no indentation.
+    std::string compact() const;
+    /// Keys sorted, slashes not escaped, indented.
+    std::string prettyPrinted() const;
+
+    /// Walks down through objects along a dotted path (empty pieces dropped); null when absent.
+    const JSONValue* at(std::string_view path) const;
+    /// A copy with the leaf at `path` replaced, creating objects on the way.
+    JSONValue setting(std::string_view path, JSONValue leaf) const;
+    /// The loose comparison: numbers as doubles, colour texts without regard to case.
+    bool same(const JSONValue& other) const;
+
+    bool operator==(const JSONValue& other) const = default;
+
+private:
+    Storage storage_;
+};
+
+} // namespace ovik

@@ -1,0 +1,22 @@
+#pragma once
+// Writes a JSONValue as text, byte for byte in the layout of our document files.
+#include <string>
+
+#include "OvikPlatform/json/JSONValue.h"
+
+namespace ovik {
+
+struct JSONWriteOptions {
+    bool pretty = false;
+    /// Render payloads escape "/" as "\/"; document files don't.
+    bool escapeSlashes = false;
+};
+
+namespace JSONWriter {
+
+/// Throws `EncodingError` for a non-finite number; nothing is returned then.
+std::string write(const JSONValue& value, JSONWriteOptions options = {});
+void appendString(std::string& out, std::string_view text, bool escapeSlashes);
+
+} // namespace JSONWriter
+} // namespace ovik
