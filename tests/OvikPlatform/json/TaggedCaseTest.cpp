@@ -1,0 +1,109 @@
+#include <gtest/gtest.h>
+
+#include "OvikPlatform/json/JSONCoding.h"
+
+namespace ovik {
+namespace {
+
+// A stand-in for a stored enumeration with payload: no payload, one value, a record of fields.
+struct Source : Enumeration<Source> {
+    struct wallpaper {
+        static constexpr std::string_view name = "wallpaper";
+        bool operator==(const wallpaper&) const = default;
+    };
+    struct image {
+        static constexpr std::string_view name = "image";
+        std::string value;
+        bool operator==(const image&) const = default;
+    };
+    struct gradient {
+        static constexpr std::string_view name = "gradient";
+        double angle = 0;
+        std::vector<std::string> stops;
+        bool operator==(const gradient&) const = default;
+        static constexpr auto jsonFields() {
+            return std::tuple{required("angle", &gradient::angle), required("stops", &gradient::stops)};
+        }
+    };
+    std::variant<wallpaper, image, gradient> cases;
+    bool operator==(const Source&) const = default;
+};
+
+struct Kind : Enumeration<Kind> {
+    struct movie {
+        static constexpr std::string_view name = "movie";
+        bool operator==(const movie&) const = default;
+    };
+    std::variant<movie> cases;
+    static std::string unknownCaseMessage(const std::string& name) {
+        return "Unknown media kind " + name + ": the draft was made by a newer Ovik";
+    }
+};
+
+TEST(TaggedCase, CasesRoundTripInTheirTaggedForm) {
+    struct Case {
+        Source value;
+        const char* json;
+    };
+    const Case cases[] = {
+        {Source{{}, Source::wallpaper{}}, R"("wallpaper")"},
+        {Source{{}, Source::image{"a/b.png"}}, R"({"image":"a/b.png"})"},
+        {Source{{}, Source::gradient{90, {"red", "blue"}}}, R"({"gradient":{"angle":90,"stops":["red","blue"]}})"},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(encodeJSON(c.value).compact(), c.json);
+        EXPECT_EQ(decodeJSON<Source>(std::string_view(c.json)), c.value) << c.json;
+    }
+    const Source read = decodeJSON<Source>(std::string_view(R"({"image":"x"})"));
+    EXPECT_TRUE(read.is<Source::image>());
+    EXPECT_EQ(read.as<Source::image>().value, "x");
+    EXPECT_EQ(read.caseName(), "image");
+}
+
+TEST(TaggedCase, RefusalsSayWhatIsWrong) {
+    struct Case {
+        const char* json;
+        const char* description;
+        const char* path;
+    };
+    const Case cases[] = {
+        {R"("image")", "Case image needs a value", "[0]"},
+        {R"({"image":"a","gradient":{}})", "Expected a case name or an object with one key", "[0]"},
+        {R"({})", "Expected a case name or an object with one key", "[0]"},
+        {"3", "Expected a case name or an object with one key", "[0]"},
+        {R"("video")", "Unknown case video", "[0]"},
+        {R"({"gradient":{"angle":1}})", "No value associated with key \"stops\".", "[0].gradient.stops"},
+    };
+    for (const Case& c : cases) {
+        const std::string list = std::string("[") + c.json + "]";
+        try {
+            (void)decodeJSON<std::vector<Source>>(std::string_view(list));
+            ADD_FAILURE() << "accepted " << c.json;
+        } catch (const DecodingError& error) {
+            EXPECT_EQ(error.debugDescription(), c.description);
+            EXPECT_EQ(codingPathText(error.codingPath()), c.path);
+        }
+    }
+}
+
+TEST(TaggedCase, AnOwningTypeWordsItsUnknownCase) {
+    try {
+        (void)decodeJSON<Kind>(std::string_view(R"("hologram")"));
+        FAIL();
+    } catch (const DecodingError& error) {
+        EXPECT_EQ(error.debugDescription(), "Unknown media kind hologram: the draft was made by a newer Ovik");
+        EXPECT_EQ(error.kind(), DecodingError::Kind::dataCorrupted);
+    }
+}
+
+TEST(TaggedCase, ReadGivesNameAndValues) {
+    const JSONDocument document = JSONDocument::parse(R"({"image": "p.png"})");
+    const TaggedCase tagged = TaggedCase::read(document.root(), CodingPath());
+    EXPECT_EQ(tagged.name, "image");
+    EXPECT_EQ(tagged.key().stringValue, "image");
+    EXPECT_FALSE(tagged.key().intValue().has_value());
+    EXPECT_EQ(tagged.value<std::string>(), "p.png");
+}
+
+} // namespace
+} // namespace ovik
