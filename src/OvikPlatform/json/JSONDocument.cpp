@@ -10,79 +10,23 @@ struct JSONDocument::Storage {
     simdjson::dom::parser parser;
 };
 
-class JSONDocument::Builder {
-public:
-    explicit Builder(std::vector<Entry>& entries) : entries_(entries) {}
+namespace {
 
-    void add(simdjson::dom::element element) {
-        using simdjson::dom::element_type;
-        const std::size_t at = entries_.size();
-        entries_.emplace_back();
-        Entry& e = entries_[at];
-        e.count = 0;
-        switch (element.type()) {
-        case element_type::NULL_VALUE: e.kind = Kind::null; break;
-        case element_type::BOOL:
-            e.kind = Kind::boolean;
-            e.boolean = element.get_bool().value_unsafe();
-            break;
-        case element_type::INT64:
-            e.kind = Kind::integer;
-            e.integer = element.get_int64().value_unsafe();
-            break;
-        case element_type::UINT64:
-            e.kind = Kind::number;
-            e.number = double(element.get_uint64().value_unsafe());
-            break;
-        case element_type::DOUBLE:
-            e.kind = Kind::number;
-            e.number = element.get_double().value_unsafe();
-            break;
-        case element_type::STRING: setString(at, element.get_string().value_unsafe()); break;
-        case element_type::ARRAY: addArray(at, element.get_array().value_unsafe()); break;
-        case element_type::OBJECT: addObject(at, element.get_object().value_unsafe()); break;
-        }
-        entries_[at].end = std::uint32_t(entries_.size());
-    }
+// A parser's buffers are large; one finished parser per thread is kept for the next document,
+// unless it grew for a very large one.
+constexpr std::size_t keptParserCapacity = 16 * 1024 * 1024;
+thread_local std::unique_ptr<JSONDocument::Storage> spareStorage;
 
-private:
-    std::vector<Entry>& entries_;
+} // namespace
 
-    void setString(std::size_t at, std::string_view text) {
-        entries_[at].kind = Kind::string;
-        entries_[at].text = text.data();
-        entries_[at].count = std::uint32_t(text.size());
-    }
-
-    void addArray(std::size_t at, simdjson::dom::array array) {
-        entries_[at].kind = Kind::array;
-        std::uint32_t count = 0;
-        for (simdjson::dom::element child : array) {
-            add(child);
-            ++count;
-        }
-        entries_[at].count = count;
-    }
-
-    void addObject(std::size_t at, simdjson::dom::object object) {
-        entries_[at].kind = Kind::object;
-        std::uint32_t count = 0;
-        for (simdjson::dom::key_value_pair member : object) {
-            const std::size_t keyAt = entries_.size();
-            entries_.emplace_back();
-            setString(keyAt, member.key);
-            entries_[keyAt].end = std::uint32_t(keyAt + 1);
-            add(member.value);
-            ++count;
-        }
-        entries_[at].count = count;
-    }
-};
-
-JSONDocument::JSONDocument() : storage_(std::make_unique<Storage>()) {}
+JSONDocument::JSONDocument() : storage_(spareStorage ? std::move(spareStorage) : std::make_unique<Storage>()) {}
 JSONDocument::JSONDocument(JSONDocument&&) noexcept = default;
 JSONDocument& JSONDocument::operator=(JSONDocument&&) noexcept = default;
-JSONDocument::~JSONDocument() = default;
+
+JSONDocument::~JSONDocument() {
+    if (storage_ && !spareStorage && storage_->parser.capacity() <= keptParserCapacity)
+        spareStorage = std::move(storage_);
+}
 
 JSONDocument JSONDocument::parse(std::string_view bytes) {
     JSONDocument document;
@@ -92,12 +36,72 @@ JSONDocument JSONDocument::parse(std::string_view bytes) {
         throw DecodingError::dataCorrupted(CodingPath(), std::string("The given data was not valid JSON: ") +
                                                              simdjson::error_message(error));
     }
-    document.entries_.reserve(bytes.size() / 8 + 1);
-    Builder(document.entries_).add(root);
     return document;
 }
 
-JSONNode JSONDocument::root() const { return JSONNode(this, 0); }
+// Word 0 of the tape is the root marker; the document's value starts at word 1.
+JSONNode JSONDocument::root() const {
+    const simdjson::dom::document& doc = storage_->parser.doc;
+    return JSONNode(doc.tape.get(), doc.string_buf.get(), 1);
+}
+
+JSONNode::Kind JSONNode::kind() const {
+    switch (tag()) {
+    case 'n': return Kind::null;
+    case 't':
+    case 'f': return Kind::boolean;
+    case 'l': return Kind::integer;
+    case 'u':
+    case 'd': return Kind::number;
+    case '"': return Kind::string;
+    case '[': return Kind::array;
+    default: return Kind::object;
+    }
+}
+
+double JSONNode::number() const {
+    const std::uint64_t word = tape_[index_ + 1];
+    switch (tag()) {
+    case 'l': return double(std::int64_t(word));
+    case 'u': return double(word);
+    default: {
+        double value;
+        std::memcpy(&value, &word, sizeof value);
+        return value;
+    }
+    }
+}
+
+std::string_view JSONNode::string() const {
+    const std::uint8_t* at = strings_ + (tape_[index_] & 0x00FFFFFFFFFFFFFFull);
+    std::uint32_t length;
+    std::memcpy(&length, at, sizeof length);
+    return {reinterpret_cast<const char*>(at + sizeof length), length};
+}
+
+std::uint32_t JSONNode::after() const {
+    switch (tag()) {
+    case '[':
+    case '{': return payload32();
+    case 'l':
+    case 'u':
+    case 'd': return index_ + 2;
+    default: return index_ + 1;
+    }
+}
+
+std::uint32_t JSONNode::size() const {
+    if (tag() != '[' && tag() != '{') return 0;
+    const auto stored = std::uint32_t((tape_[index_] >> 32) & 0xFFFFFF);
+    if (stored < 0xFFFFFF) return stored;
+    // The stored count saturates: count by walking.
+    std::uint32_t count = 0;
+    if (tag() == '[')
+        for (auto it = elements().begin(), end = elements().end(); it != end; ++it) ++count;
+    else
+        for (auto it = members().begin(), end = members().end(); it != end; ++it) ++count;
+    return count;
+}
 
 const char* JSONNode::kindDescription() const {
     switch (kind()) {
@@ -113,27 +117,28 @@ const char* JSONNode::kindDescription() const {
 }
 
 JSONNode::Elements JSONNode::elements() const {
-    return Elements(document_, index_ + 1, kind() == Kind::array ? entry().end : index_ + 1);
+    const bool isArray = tag() == '[';
+    return Elements(at(index_ + 1), isArray ? payload32() - 1 : index_ + 1);
 }
 
 JSONNode::Members JSONNode::members() const {
-    return Members(document_, index_ + 1, kind() == Kind::object ? entry().end : index_ + 1);
+    const bool isObject = tag() == '{';
+    return Members(at(index_ + 1), isObject ? payload32() - 1 : index_ + 1);
 }
 
 bool JSONNode::find(std::string_view key, JSONNode& out, std::uint32_t& hint) const {
-    if (kind() != Kind::object) return false;
-    const std::uint32_t first = index_ + 1, last = entry().end;
+    if (tag() != '{') return false;
+    const std::uint32_t first = index_ + 1, last = payload32() - 1;
     const std::uint32_t start = (hint > first && hint < last) ? hint : first;
-    const auto& entries = document_->entries_;
     // Search from the hint to the end, then from the start up to the hint.
     for (int pass = 0; pass < 2; ++pass) {
         std::uint32_t i = pass == 0 ? start : first;
         const std::uint32_t stop = pass == 0 ? last : start;
         while (i < stop) {
-            const auto& keyEntry = entries[i];
-            const std::uint32_t next = entries[i + 1].end;
-            if (keyEntry.count == key.size() && std::string_view(keyEntry.text, keyEntry.count) == key) {
-                out = JSONNode(document_, i + 1);
+            const JSONNode value = at(i + 1);
+            const std::uint32_t next = value.after();
+            if (at(i).string() == key) {
+                out = value;
                 hint = next;
                 return true;
             }
@@ -153,7 +158,7 @@ JSONValue JSONNode::value() const {
     case Kind::null: return JSONValue();
     case Kind::boolean: return JSONValue(boolean());
     case Kind::integer: return JSONValue(integer());
-    case Kind::number: return JSONValue(entry().number);
+    case Kind::number: return JSONValue(number());
     case Kind::string: return JSONValue(string());
     case Kind::array: {
         JSONValue::Array array;

@@ -1,10 +1,11 @@
 #pragma once
-// A parsed JSON text held as one flat, read-only tape (simdjson does the raw parse), with
-// light `JSONNode` views into it. Records decode from nodes without building a JSONValue tree.
+// A parsed JSON text, read in place from the parser's tape (one 64-bit word per value, two for
+// a number), with light `JSONNode` views into it. Records decode from nodes directly: no tree
+// of values is built on the way.
 #include <cstdint>
+#include <cstring>
 #include <memory>
 #include <string_view>
-#include <vector>
 
 #include "OvikPlatform/json/JSONValue.h"
 
@@ -14,8 +15,6 @@ class JSONNode;
 
 class JSONDocument {
 public:
-    enum class Kind : std::uint8_t { null, boolean, integer, number, string, array, object };
-
     /// Throws `DecodingError` (data corrupted) when the bytes are not valid JSON in UTF-8.
     static JSONDocument parse(std::string_view bytes);
 
@@ -25,40 +24,26 @@ public:
 
     JSONNode root() const;
 
-private:
-    friend class JSONNode;
-    struct Entry {
-        Kind kind;
-        std::uint32_t end;   // index just past this entry's subtree
-        std::uint32_t count; // elements, members, or the length of a string
-        union {
-            bool boolean;
-            std::int64_t integer;
-            double number;
-            const char* text;
-        };
-    };
     struct Storage;
-    class Builder;
 
+private:
     JSONDocument();
-    std::vector<Entry> entries_;
-    std::unique_ptr<Storage> storage_; // keeps the parser whose buffer the strings point into
+    std::unique_ptr<Storage> storage_; // the parser that owns the tape and its strings
 };
 
 class JSONNode {
 public:
-    using Kind = JSONDocument::Kind;
+    enum class Kind : std::uint8_t { null, boolean, integer, number, string, array, object };
 
-    Kind kind() const { return entry().kind; }
-    bool isNull() const { return kind() == Kind::null; }
-    bool boolean() const { return entry().boolean; }
-    std::int64_t integer() const { return entry().integer; }
+    Kind kind() const;
+    bool isNull() const { return tag() == 'n'; }
+    bool boolean() const { return tag() == 't'; }
+    std::int64_t integer() const { return std::int64_t(tape_[index_ + 1]); }
     /// A number of either kind as a double.
-    double number() const { return kind() == Kind::integer ? double(entry().integer) : entry().number; }
-    std::string_view string() const { return {entry().text, entry().count}; }
+    double number() const;
+    std::string_view string() const;
     /// Elements of an array or members of an object.
-    std::uint32_t size() const { return entry().count; }
+    std::uint32_t size() const;
 
     /// A name for the kind, as a decoding error words it ("a string", "an array", ...).
     const char* kindDescription() const;
@@ -78,9 +63,16 @@ public:
 
 private:
     friend class JSONDocument;
-    JSONNode(const JSONDocument* document, std::uint32_t index) : document_(document), index_(index) {}
-    const JSONDocument::Entry& entry() const { return document_->entries_[index_]; }
-    const JSONDocument* document_;
+    JSONNode(const std::uint64_t* tape, const std::uint8_t* strings, std::uint32_t index)
+        : tape_(tape), strings_(strings), index_(index) {}
+    char tag() const { return char(tape_[index_] >> 56); }
+    std::uint32_t payload32() const { return std::uint32_t(tape_[index_]); }
+    /// The tape index just past this value.
+    std::uint32_t after() const;
+    JSONNode at(std::uint32_t index) const { return JSONNode(tape_, strings_, index); }
+
+    const std::uint64_t* tape_;
+    const std::uint8_t* strings_;
     std::uint32_t index_;
 };
 
@@ -88,26 +80,25 @@ class JSONNode::Elements {
 public:
     class iterator {
     public:
-        iterator(const JSONDocument* d, std::uint32_t i) : document_(d), index_(i) {}
-        JSONNode operator*() const { return JSONNode(document_, index_); }
+        explicit iterator(JSONNode node) : node_(node) {}
+        JSONNode operator*() const { return node_; }
         iterator& operator++() {
-            index_ = document_->entries_[index_].end;
+            node_.index_ = node_.after();
             return *this;
         }
-        bool operator!=(const iterator& other) const { return index_ != other.index_; }
+        bool operator!=(const iterator& other) const { return node_.index_ != other.node_.index_; }
 
     private:
-        const JSONDocument* document_;
-        std::uint32_t index_;
+        JSONNode node_;
     };
-    iterator begin() const { return {document_, first_}; }
-    iterator end() const { return {document_, last_}; }
+    iterator begin() const { return iterator(first_); }
+    iterator end() const { return iterator(first_.at(last_)); }
 
 private:
     friend class JSONNode;
-    Elements(const JSONDocument* d, std::uint32_t first, std::uint32_t last) : document_(d), first_(first), last_(last) {}
-    const JSONDocument* document_;
-    std::uint32_t first_, last_;
+    Elements(JSONNode first, std::uint32_t last) : first_(first), last_(last) {}
+    JSONNode first_;
+    std::uint32_t last_;
 };
 
 class JSONNode::Members {
@@ -118,29 +109,25 @@ public:
     };
     class iterator {
     public:
-        iterator(const JSONDocument* d, std::uint32_t i) : document_(d), index_(i) {}
-        Member operator*() const {
-            JSONNode key(document_, index_);
-            return {key.string(), JSONNode(document_, index_ + 1)};
-        }
+        explicit iterator(JSONNode key) : key_(key) {}
+        Member operator*() const { return {key_.string(), key_.at(key_.index_ + 1)}; }
         iterator& operator++() {
-            index_ = document_->entries_[index_ + 1].end;
+            key_.index_ = key_.at(key_.index_ + 1).after();
             return *this;
         }
-        bool operator!=(const iterator& other) const { return index_ != other.index_; }
+        bool operator!=(const iterator& other) const { return key_.index_ != other.key_.index_; }
 
     private:
-        const JSONDocument* document_;
-        std::uint32_t index_;
+        JSONNode key_;
     };
-    iterator begin() const { return {document_, first_}; }
-    iterator end() const { return {document_, last_}; }
+    iterator begin() const { return iterator(first_); }
+    iterator end() const { return iterator(first_.at(last_)); }
 
 private:
     friend class JSONNode;
-    Members(const JSONDocument* d, std::uint32_t first, std::uint32_t last) : document_(d), first_(first), last_(last) {}
-    const JSONDocument* document_;
-    std::uint32_t first_, last_;
+    Members(JSONNode first, std::uint32_t last) : first_(first), last_(last) {}
+    JSONNode first_;
+    std::uint32_t last_;
 };
 
 } // namespace ovik
