@@ -1,0 +1,13 @@
+#include "OvikModel/DraftDocument.h"
+
+namespace ovik {
+
+// Appended as text: `operator/` would let a path beginning with "/" replace the package.
+std::filesystem::path DraftDocument::url(const PackagePath& path) const {
+    if (path.relative.empty()) return packageURL;
+    std::string text = packageURL.string();
+    if (text.empty() || text.back() != '/') text += '/';
+    return text + path.relative;
+}
+
+} // namespace ovik

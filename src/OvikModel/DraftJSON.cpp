@@ -1,0 +1,7 @@
+#include "OvikModel/DraftJSON.h"
+
+namespace ovik::DraftJSON {
+
+JSONWriteOptions encoder(bool pretty) { return JSONWriteOptions{.pretty = pretty, .escapeSlashes = false}; }
+
+} // namespace ovik::DraftJSON

@@ -1,0 +1,28 @@
+#pragma once
+// An open file descriptor that closes itself: the one owner of a descriptor in our file code.
+#include <filesystem>
+
+namespace ovik {
+
+class FileDescriptor {
+public:
+    /// open(2) with close-on-exec added. Throws `PosixError` naming `path`.
+    static FileDescriptor open(const std::filesystem::path& path, int flags, unsigned mode = 0);
+
+    FileDescriptor(FileDescriptor&& other) noexcept;
+    FileDescriptor& operator=(FileDescriptor&& other) noexcept;
+    FileDescriptor(const FileDescriptor&) = delete;
+    FileDescriptor& operator=(const FileDescriptor&) = delete;
+    /// Closes without a report: the paths that care call `close` first.
+    ~FileDescriptor();
+
+    int get() const { return fd_; }
+    /// Closes and reports a failure (a delayed write error shows up here).
+    void close(const std::filesystem::path& path);
+
+private:
+    explicit FileDescriptor(int fd) : fd_(fd) {}
+    int fd_ = -1;
+};
+
+} // namespace ovik

@@ -1,0 +1,72 @@
+#include "RunCommand.h"
+
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+extern char** environ;
+
+namespace ovik::testing {
+namespace {
+
+std::string slurp(const std::filesystem::path& path) {
+    std::ifstream in(path, std::ios::binary);
+    return std::string((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+}
+
+std::vector<std::string> cleanEnvironment(const std::vector<std::string>& extra) {
+    static const char* cleared[] = {"OVIK_LANGUAGE=", "LANGUAGE=", "LC_ALL=", "LC_MESSAGES=", "LANG=", "XDG_CONFIG_HOME="};
+    std::vector<std::string> out;
+    for (char** e = environ; *e != nullptr; ++e) {
+        const std::string entry(*e);
+        bool drop = false;
+        for (const char* name : cleared) drop = drop || entry.rfind(name, 0) == 0;
+        if (!drop) out.push_back(entry);
+    }
+    out.push_back("XDG_CONFIG_HOME=/nonexistent-ovik-test-config");
+    out.insert(out.end(), extra.begin(), extra.end());
+    return out;
+}
+
+} // namespace
+
+CommandResult runOvik(const std::vector<std::string>& arguments, const std::vector<std::string>& environment) {
+    const auto folder = std::filesystem::temp_directory_path() / ("ovik-run-" + std::to_string(getpid()));
+    std::filesystem::create_directories(folder);
+    const auto outPath = folder / "out", errPath = folder / "err";
+
+    std::vector<std::string> argv{OVIK_COMMAND};
+    argv.insert(argv.end(), arguments.begin(), arguments.end());
+    std::vector<char*> argvPointers, envPointers;
+    for (auto& a : argv) argvPointers.push_back(a.data());
+    argvPointers.push_back(nullptr);
+    std::vector<std::string> env = cleanEnvironment(environment);
+    for (auto& e : env) envPointers.push_back(e.data());
+    envPointers.push_back(nullptr);
+
+    posix_spawn_file_actions_t actions;
+    posix_spawn_file_actions_init(&actions);
+    posix_spawn_file_actions_addopen(&actions, 0, "/dev/null", O_RDONLY, 0);
+    posix_spawn_file_actions_addopen(&actions, 1, outPath.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
+    posix_spawn_file_actions_addopen(&actions, 2, errPath.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
+    pid_t pid = 0;
+    CommandResult result;
+    if (posix_spawn(&pid, argv[0].c_str(), &actions, nullptr, argvPointers.data(), envPointers.data()) == 0) {
+        int status = 0;
+        waitpid(pid, &status, 0);
+        result.status = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+    }
+    posix_spawn_file_actions_destroy(&actions);
+    result.out = slurp(outPath);
+    result.err = slurp(errPath);
+    std::filesystem::remove_all(folder);
+    return result;
+}
+
+} // namespace ovik::testing

@@ -1,0 +1,13 @@
+#pragma once
+// Subcommands of the `ovik` host. Each adds itself to the app; its callback throws an
+// `ovik::Error` for a failure, which the host prints and turns into exit status 1.
+namespace CLI {
+class App;
+}
+
+namespace ovik::cli {
+
+void addVersionCommand(CLI::App& app);
+void addTextCommand(CLI::App& app);
+
+} // namespace ovik::cli
