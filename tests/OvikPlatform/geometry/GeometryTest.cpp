@@ -1,0 +1,54 @@
+#include <gtest/gtest.h>
+
+#include "OvikPlatform/CowList.h"
+#include "OvikPlatform/geometry/CGAffineTransform.h"
+#include "OvikPlatform/geometry/CGRect.h"
+
+namespace ovik {
+namespace {
+
+TEST(Geometry, JSONFormsAreArrays) {
+    const CGRect rect{{1.5, -2}, {30, 40}};
+    EXPECT_EQ(encodeJSON(rect).compact(), "[[1.5,-2],[30,40]]");
+    EXPECT_EQ(decodeJSON<CGRect>(std::string_view("[[1.5,-2],[30,40]]")), rect);
+    EXPECT_EQ(encodeJSON(CGVector{3, 4}).compact(), "[3,4]");
+    EXPECT_EQ(encodeJSON(CGAffineTransform::translation(5, 6)).compact(), "[1,0,0,1,5,6]");
+}
+
+TEST(Geometry, MalformedFormsAreRefused) {
+    const char* bad[] = {"[[1,2],[3]]", "[[1,2]]", "[1,2,3]", R"({"x":1})", R"([["a",2],[3,4]])", "[[1,2],[3,4],[5,6]]"};
+    for (const char* text : bad) EXPECT_THROW((void)decodeJSON<CGRect>(std::string_view(text)), DecodingError) << text;
+    EXPECT_THROW((void)decodeJSON<CGAffineTransform>(std::string_view("[1,0,0,1,0]")), DecodingError);
+}
+
+TEST(Geometry, StandardizedRectHasNoNegativeSize) {
+    const CGRect flipped{{10, 10}, {-4, -6}};
+    EXPECT_EQ(flipped.standardized(), (CGRect{{6, 4}, {4, 6}}));
+    EXPECT_EQ(flipped.maxX(), 10);
+    EXPECT_EQ(flipped.width(), 4);
+}
+
+TEST(Geometry, ConcatenationAppliesInOrder) {
+    // Scale first, then move: (1, 1) -> (2, 2) -> (12, 2).
+    const auto t = CGAffineTransform::scale(2, 2).concatenating(CGAffineTransform::translation(10, 0));
+    EXPECT_EQ(t.apply({1, 1}), (CGPoint{12, 2}));
+    const auto r = CGAffineTransform::rotation(M_PI / 2).apply({1, 0});
+    EXPECT_NEAR(r.x, 0, 1e-12);
+    EXPECT_NEAR(r.y, 1, 1e-12);
+}
+
+TEST(CowList, ChangesDoNotReachOtherCopies) {
+    CowList<int> a{1, 2, 3};
+    CowList<int> b = a;
+    b.mutableItems().push_back(4);
+    EXPECT_EQ(a.size(), 3u);
+    EXPECT_EQ(b.size(), 4u);
+    EXPECT_FALSE(a == b);
+    CowList<int> c = a;
+    EXPECT_TRUE(a == c);
+    EXPECT_EQ(&a.items(), &c.items()); // shared until changed
+    EXPECT_EQ(encodeJSON(b).compact(), "[1,2,3,4]");
+}
+
+} // namespace
+} // namespace ovik
