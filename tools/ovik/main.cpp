@@ -13,6 +13,7 @@ int main(int argc, char** argv) {
     app.require_subcommand(1);
     ovik::cli::addVersionCommand(app);
     ovik::cli::addTextCommand(app);
+    ovik::cli::addDraftCommand(app);
     try {
         app.parse(argc, argv);
     } catch (const CLI::CallForHelp& help) {
