@@ -4,6 +4,7 @@
 
 #include "OvikDrafts/DraftStoreError.h"
 #include "OvikDrafts/FileDraftStore.h"
+#include "OvikModel/draft/DraftSamples.h"
 #include "OvikPlatform/files/TemporaryFolder.h"
 
 namespace ovik {
@@ -29,21 +30,8 @@ protected:
     std::filesystem::path package;
 };
 
-constexpr std::string_view storedDraft =
-    "{\n"
-    "  \"id\" : \"6F1C2B9A-0D4E-4B7A-9C3E-2A1B0C9D8E7F\",\n"
-    "  \"name\" : \"Grüße / 你好\",\n"
-    "  \"nested\" : {\n"
-    "    \"empty\" : [\n"
-    "    \n"
-    "    ],\n"
-    "    \"path\" : \"media/screenshot.png\"\n"
-    "  },\n"
-    "  \"schema\" : 8\n"
-    "}";
-
 TEST_F(FileDraftStoreTest, ADraftReadAndWrittenBackKeepsItsBytes) {
-    const std::string stored(storedDraft);
+    const std::string stored = testing::richDraftText();
     writeText(package / "draft.json", stored);
     const Draft draft = FileDraftStore::readDraft(package);
 
@@ -82,6 +70,14 @@ TEST_F(FileDraftStoreTest, AnythingElseThatFailsIsUnreadableUnderThePackagesName
     }
 }
 
+TEST_F(FileDraftStoreTest, ABrokenStructureIsUnreadableWithItsReason) {
+    writeText(package / "draft.json", testing::draftJSON(testing::canvasMedia, ""));
+    const DraftStoreError error = readFailure(package);
+    ASSERT_TRUE(error.is<DraftStoreError::unreadable>()) << error.caseName();
+    EXPECT_NE(error.as<DraftStoreError::unreadable>().value.find("A draft needs at least one media and one section"),
+              std::string::npos);
+}
+
 TEST_F(FileDraftStoreTest, AMissingOrUnreadableFileIsUnreadable) {
     const std::filesystem::path folderAsFile = folder / "Folder.ovikwork";
     std::filesystem::create_directories(folderAsFile / "draft.json");
@@ -104,8 +100,8 @@ TEST_F(FileDraftStoreTest, AMissingOrUnreadableFileIsUnreadable) {
 
 TEST_F(FileDraftStoreTest, AFailedWriteLeavesTheOldFileAndNoTemporary) {
     writeText(package / "draft.json", "old");
-    Draft unwritable;
-    unwritable.otherKeys.emplace("duration", JSONValue(std::numeric_limits<double>::infinity()));
+    Draft unwritable = decodeJSON<Draft>(std::string_view(testing::draftJSON()));
+    unwritable.layout.gap = std::numeric_limits<double>::infinity();
     struct Case {
         const char* name;
         Draft draft;

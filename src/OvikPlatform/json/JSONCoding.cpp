@@ -12,8 +12,11 @@ void mismatch(JSONNode node, const CodingPath& path, std::string_view type) {
 
 void doesNotFit(JSONNode node, const CodingPath& path, std::string_view type) {
     std::string digits;
+    std::uint64_t whole = 0;
     if (node.kind() == JSONNode::Kind::integer)
         digits = std::to_string(node.integer());
+    else if (node.unsignedInteger(whole))
+        digits = std::to_string(whole);
     else
         JSONNumberText::appendDouble(digits, node.number());
     throw DecodingError::dataCorrupted(path, "Parsed JSON number <" + digits + "> does not fit in " + std::string(type) + ".");

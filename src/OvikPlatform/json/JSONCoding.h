@@ -74,16 +74,28 @@ struct JSONCoding<bool> {
 };
 
 template <class I>
-struct JSONCoding<I, std::enable_if_t<std::is_integral_v<I> && !std::is_same_v<I, bool>>> {
+struct JSONCoding<I, std::enable_if_t<std::is_integral_v<I> && std::is_signed_v<I>>> {
     static JSONValue encode(I v) { return JSONValue(std::int64_t(v)); }
     static I decode(JSONNode node, const CodingPath& path) {
         if (node.kind() == JSONNode::Kind::number) json_detail::doesNotFit(node, path, "Int");
         json_detail::expect(node, JSONNode::Kind::integer, path, "Int");
         const std::int64_t v = node.integer();
-        if (v < std::int64_t(std::numeric_limits<I>::min()) ||
-            (v > 0 && std::uint64_t(v) > std::uint64_t(std::numeric_limits<I>::max())))
+        if (v < std::int64_t(std::numeric_limits<I>::min()) || v > std::int64_t(std::numeric_limits<I>::max()))
             json_detail::doesNotFit(node, path, "Int");
         return I(v);
+    }
+};
+
+template <class U>
+struct JSONCoding<U, std::enable_if_t<std::is_integral_v<U> && std::is_unsigned_v<U> && !std::is_same_v<U, bool>>> {
+    static JSONValue encode(U v) { return JSONValue(std::uint64_t(v)); }
+    static U decode(JSONNode node, const CodingPath& path) {
+        std::uint64_t v = 0;
+        if (node.kind() != JSONNode::Kind::integer && node.kind() != JSONNode::Kind::number)
+            json_detail::mismatch(node, path, "UInt");
+        if (!node.unsignedInteger(v) || v > std::uint64_t(std::numeric_limits<U>::max()))
+            json_detail::doesNotFit(node, path, "UInt");
+        return U(v);
     }
 };
 

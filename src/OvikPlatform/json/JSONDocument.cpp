@@ -72,6 +72,11 @@ double JSONNode::number() const {
     }
 }
 
+bool JSONNode::unsignedInteger(std::uint64_t& out) const {
+    if (tag() == 'u' || (tag() == 'l' && integer() >= 0)) return out = tape_[index_ + 1], true;
+    return false;
+}
+
 std::string_view JSONNode::string() const {
     const std::uint8_t* at = strings_ + (tape_[index_] & 0x00FFFFFFFFFFFFFFull);
     std::uint32_t length;
@@ -158,7 +163,11 @@ JSONValue JSONNode::value() const {
     case Kind::null: return JSONValue();
     case Kind::boolean: return JSONValue(boolean());
     case Kind::integer: return JSONValue(integer());
-    case Kind::number: return JSONValue(number());
+    case Kind::number: {
+        // A whole number above the signed range keeps its digits, so that it writes back the same.
+        std::uint64_t whole = 0;
+        return unsignedInteger(whole) ? JSONValue(whole) : JSONValue(number());
+    }
     case Kind::string: return JSONValue(string());
     case Kind::array: {
         JSONValue::Array array;

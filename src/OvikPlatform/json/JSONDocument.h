@@ -39,6 +39,8 @@ public:
     bool isNull() const { return tag() == 'n'; }
     bool boolean() const { return tag() == 't'; }
     std::int64_t integer() const { return std::int64_t(tape_[index_ + 1]); }
+    /// A whole number from 0 to 2^64 - 1, written without fraction or exponent.
+    bool unsignedInteger(std::uint64_t& out) const;
     /// A number of either kind as a double.
     double number() const;
     std::string_view string() const;

@@ -44,6 +44,7 @@ JSONValue JSONValue::parse(std::string_view text) { return JSONDocument::parse(t
 
 bool JSONValue::number(double& out) const {
     if (const auto* i = std::get_if<std::int64_t>(&storage_)) return out = double(*i), true;
+    if (const auto* u = std::get_if<std::uint64_t>(&storage_)) return out = double(*u), true;
     if (const auto* d = std::get_if<double>(&storage_)) return out = *d, true;
     if (const auto* f = std::get_if<float>(&storage_)) return out = double(*f), true;
     return false;

@@ -1,6 +1,7 @@
 #pragma once
 // The generic JSON value. Objects are ordered maps, so keys iterate in UTF-8 byte order and
-// nothing in an output depends on hash order. A `float` case exists only for encoding: a
+// nothing in an output depends on hash order. A whole number above the signed 64-bit range is
+// held as `uint64_t`, so that it keeps its digits. The `float` case exists only for encoding: a
 // single-precision field is laid out with its own shortest digits; reading never makes one.
 #include <cstdint>
 #include <map>
@@ -15,13 +16,14 @@ class JSONValue {
 public:
     using Array = std::vector<JSONValue>;
     using Object = std::map<std::string, JSONValue, std::less<>>;
-    using Storage = std::variant<std::nullptr_t, bool, std::int64_t, double, float, std::string, Array, Object>;
+    using Storage = std::variant<std::nullptr_t, bool, std::int64_t, std::uint64_t, double, float, std::string, Array, Object>;
 
     JSONValue() : storage_(nullptr) {}
     JSONValue(std::nullptr_t) : storage_(nullptr) {}
     JSONValue(bool value) : storage_(value) {}
     JSONValue(int value) : storage_(std::int64_t(value)) {}
     JSONValue(std::int64_t value) : storage_(value) {}
+    JSONValue(std::uint64_t value) : storage_(value) {}
     JSONValue(double value) : storage_(value) {}
     JSONValue(float value) : storage_(value) {}
     JSONValue(std::string value) : storage_(std::move(value)) {}

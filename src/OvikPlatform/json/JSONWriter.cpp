@@ -24,6 +24,7 @@ private:
     void write(std::nullptr_t, const CodingPath&, int) { out += "null"; }
     void write(bool b, const CodingPath&, int) { out += b ? "true" : "false"; }
     void write(std::int64_t i, const CodingPath&, int) { out += std::to_string(i); }
+    void write(std::uint64_t u, const CodingPath&, int) { out += std::to_string(u); }
     void write(double d, const CodingPath& path, int) {
         if (!std::isfinite(d)) throw nonFinite(path, d, "Double");
         JSONNumberText::appendDouble(out, d);

@@ -119,3 +119,25 @@ TEST(JSONCoding, FieldsAreFoundInAnyOrder) {
 
 } // namespace
 } // namespace ovik
+
+namespace ovik {
+namespace {
+
+TEST(JSONCoding, UnsignedFieldsKeepTheirWholeRange) {
+    struct Case {
+        const char* json;
+        std::uint64_t value;
+    };
+    const Case cases[] = {{"18446744073709551615", 18446744073709551615u}, {"9223372036854775808", 9223372036854775808u}, {"0", 0}};
+    for (const Case& c : cases) {
+        EXPECT_EQ(decodeJSON<std::uint64_t>(std::string_view(c.json)), c.value);
+        EXPECT_EQ(encodeJSON(c.value).compact(), c.json);
+        EXPECT_EQ(JSONValue::parse(c.json).compact(), c.json);
+    }
+    const char* refused[] = {"-1", "1.5", "18446744073709551616", "\"3\""};
+    for (const char* text : refused) EXPECT_THROW((void)decodeJSON<std::uint64_t>(std::string_view(text)), DecodingError) << text;
+    EXPECT_THROW((void)decodeJSON<std::uint32_t>(std::string_view("4294967296")), DecodingError);
+}
+
+} // namespace
+} // namespace ovik

@@ -12,7 +12,7 @@ TEST(JSONValue, ParseKeepsIntegersApartFromDoubles) {
     EXPECT_EQ(v.at("i")->storage().index(), JSONValue(std::int64_t(1)).storage().index());
     EXPECT_EQ(*v.at("d"), JSONValue(1.0));
     EXPECT_EQ(*v.at("e"), JSONValue(1000.0));
-    EXPECT_EQ(*v.at("big"), JSONValue(18446744073709551615.0));
+    EXPECT_EQ(*v.at("big"), JSONValue(std::uint64_t(18446744073709551615u)));
     EXPECT_TRUE(v.at("n")->isNull());
     EXPECT_EQ(*v.at("s"), JSONValue("a/b"));
     EXPECT_EQ(*v.at("a"), JSONValue(JSONValue::Array{1, "x"}));

@@ -1,0 +1,26 @@
+#pragma once
+// How a section comes in over the end of the one before it, as stored.
+#include <optional>
+#include <vector>
+
+#include "OvikModel/values/Times.h"
+
+namespace ovik {
+
+struct Transition {
+    MediaDuration duration;
+    std::vector<JSONValue> outgoing; // pending: Action
+    std::vector<JSONValue> incoming; // pending: Action
+    bool motionBlur = false;
+    std::optional<JSONValue> pin; // pending: PinnedMoment
+
+    bool operator==(const Transition&) const = default;
+    static constexpr auto jsonFields() {
+        using T = Transition;
+        return std::tuple{required("duration", &T::duration), defaulted("outgoing", &T::outgoing),
+                          defaulted("incoming", &T::incoming), defaulted("motionBlur", &T::motionBlur),
+                          optional("pin", &T::pin)};
+    }
+};
+
+} // namespace ovik

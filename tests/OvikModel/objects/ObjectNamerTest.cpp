@@ -1,0 +1,60 @@
+#include <gtest/gtest.h>
+
+#include "OvikL10n/L10n.h"
+#include "OvikModel/objects/AnnotationDefaults.h"
+#include "OvikModel/objects/AnnotationLimits.h"
+#include "OvikModel/objects/ObjectNamer.h"
+
+namespace ovik {
+namespace {
+
+ObjectNode named(std::string name, ObjectContent content) {
+    ObjectNode node;
+    node.id = ObjectID::random();
+    node.name = std::move(name);
+    node.content = std::move(content);
+    return node;
+}
+
+TEST(ObjectNamer, CountsOnFromTheHighestNumberOfEachKind) {
+    L10n::LanguageOverride chinese("zh-Hans");
+    const auto defaults = AnnotationDefaults::standard();
+    const auto rectangle = ObjectContent::makeAnnotation(defaults.rectangle({}));
+    const auto ellipse = ObjectContent::makeAnnotation(defaults.ellipse({}));
+    const ObjectNodes nodes{
+        named("矩形 3", rectangle),
+        named("矩形 x", rectangle),
+        named("编组 2", ObjectContent::makeGroup({named("矩形 -7", rectangle), named("矩形 12", ellipse)})),
+        named("矩形  9", rectangle),
+        named("矩形 99999999999999999999", rectangle),
+    };
+    ObjectNamer namer = ObjectNamer::over(nodes);
+    const auto rectangles = ObjectNamer::Key::makeKind(AnnotationKind::rectangle);
+    EXPECT_EQ(namer.next(rectangles), "矩形 4");
+    EXPECT_EQ(namer.next(rectangles), "矩形 5");
+    EXPECT_EQ(namer.next(ObjectNamer::Key::makeKind(AnnotationKind::ellipse)), "椭圆 1");
+    EXPECT_EQ(namer.next(ObjectNamer::Key::makeGroup()), "编组 3");
+    EXPECT_EQ(namer.next(ObjectNamer::Key::makeKind(AnnotationKind::pen)), "画笔 1");
+}
+
+TEST(AnnotationDefaults, FactoriesApplyTheStandardValues) {
+    const auto defaults = AnnotationDefaults::standard();
+    const Annotation rectangle = defaults.rectangle({{100, 50}, {-40, -10}});
+    const auto& shape = rectangle.as<Annotation::rectangle>().value;
+    EXPECT_EQ(shape.frame, (CGRect{{60, 40}, {40, 10}}));
+    EXPECT_EQ(shape.stroke, (Stroke{RGBA{242.0 / 255, 84.0 / 255, 45.0 / 255, 1}, 4}));
+    EXPECT_FALSE(shape.paint);
+    EXPECT_EQ(defaults.arrow({0, 0}, {1, 1}).as<Annotation::arrow>().value.heads, ArrowHeads::end);
+    EXPECT_EQ(defaults.line({0, 0}, {1, 1}).as<Annotation::line>().value.heads, ArrowHeads::none);
+    const auto text = defaults.text({1, 2}, "hi").as<Annotation::text>().value;
+    EXPECT_EQ(text.weight, FontWeight::semibold);
+    EXPECT_EQ(text.fontSize, 18);
+    EXPECT_FALSE(text.formula);
+    EXPECT_TRUE(defaults.formula({1, 2}, 30).as<Annotation::text>().value.formula);
+    const auto lens = defaults.magnifier(2, {{0, 0}, {400, 200}}).as<Annotation::magnifier>().value;
+    EXPECT_EQ(lens.frame, (CGRect{{175, 75}, {50, 50}}));
+    EXPECT_GE(defaults.counter({}).as<Annotation::counter>().value.diameter, AnnotationLimits::minimumCounterDiameter);
+}
+
+} // namespace
+} // namespace ovik

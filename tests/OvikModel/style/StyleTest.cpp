@@ -1,0 +1,155 @@
+#include <gtest/gtest.h>
+
+#include "OvikModel/style/StylePreset.h"
+#include "OvikModel/values/DecodingFailure.h"
+
+namespace ovik {
+namespace {
+
+using testing::DecodingFailure;
+using testing::expectRefused;
+
+constexpr const char* originalJSON =
+    R"({"aspect":"free","background":"none","cornerRadius":0,"deviceFrame":"none","padding":0,"shadow":0})";
+
+Style busyStyle() {
+    Style style;
+    style.background = Background::makeSolid({1, 0.5, 0, 1});
+    style.backgroundBlur = 12;
+    style.padding = 40;
+    style.cornerRadius = 10;
+    style.shadow = 0.5;
+    style.aspect = AspectRatio::makeRatio(16, 9);
+    style.deviceFrame = DeviceFrame::iPhone;
+    style.disabled = {StyleSection::shadow, StyleSection::background, StyleSection::look};
+    style.look = JSONValue::parse(R"({"entries":[{"primitive":"grain"}]})");
+    style.lookScope = LookScope::background;
+    style.motionBlur = JSONValue::parse(R"({"shutter":180})");
+    return style;
+}
+
+TEST(Style, OriginalLeavesOutEveryKeyThatHoldsItsDefault) {
+    EXPECT_EQ(encodeJSON(Style::original()).compact(), originalJSON);
+    EXPECT_EQ(decodeJSON<Style>(std::string_view(originalJSON)), Style::original());
+}
+
+TEST(Style, WritesEveryKeyAndDisabledSortedByName) {
+    const Style style = busyStyle();
+    EXPECT_EQ(encodeJSON(style).compact(),
+              R"({"aspect":{"ratio":{"height":9,"width":16}},"background":{"solid":{"alpha":1,"blue":0,"green":0.5,)"
+              R"("red":1}},"backgroundBlur":12,"cornerRadius":10,"deviceFrame":"iPhone",)"
+              R"("disabled":["background","look","shadow"],"look":{"entries":[{"primitive":"grain"}]},)"
+              R"("lookScope":"background","motionBlur":{"shutter":180},"padding":40,"shadow":0.5})");
+    EXPECT_EQ(decodeJSON<Style>(encodeJSON(style)), style);
+}
+
+TEST(Style, DisabledReadsInAnyOrderAndFoldsRepeats) {
+    const Style style = decodeJSON<Style>(std::string_view(
+        R"({"aspect":"free","background":"none","cornerRadius":0,"deviceFrame":"none","padding":0,"shadow":0,)"
+        R"("disabled":["shadow","background","shadow"]})"));
+    EXPECT_EQ(style.disabled, (std::set{StyleSection::background, StyleSection::shadow}));
+    EXPECT_EQ(encodeJSON(style).at("disabled")->compact(), R"(["background","shadow"])");
+}
+
+TEST(Style, RefusesBadInputWithItsPath) {
+    const std::string head = R"({"aspect":"free","cornerRadius":0,"deviceFrame":"none","padding":0,"shadow":0,)";
+    const std::string cases[][3] = {
+        {R"({"aspect":"free","cornerRadius":0,"deviceFrame":"none","padding":0,"shadow":0})", "",
+         "No value associated with key \"background\"."},
+        {head + R"("background":{"ribbon":1}})", "background", "Unknown case ribbon"},
+        {head + R"("background":"image"})", "background", "Case image needs a value"},
+        {head + R"("background":{"solid":{},"image":"a.png"}})", "background",
+         "Expected a case name or an object with one key"},
+        {head + R"("background":"none","disabled":["glow"]})", "disabled[0]",
+         "Cannot initialize StyleSection from invalid String value glow"},
+        {head + R"("background":"none","lookScope":"objects"})", "lookScope",
+         "Cannot initialize LookScope from invalid String value objects"},
+    };
+    for (const auto& [json, path, text] : cases) {
+        const auto kind = path.empty() ? DecodingError::Kind::keyNotFound : DecodingError::Kind::dataCorrupted;
+        expectRefused<Style>(DecodingFailure{json.c_str(), kind, path.empty() ? "background" : path.c_str(), text.c_str()});
+    }
+    expectRefused<AspectRatio>({R"({"ratio":{"width":4}})", DecodingError::Kind::keyNotFound, "ratio.height",
+                                "No value associated with key \"height\"."});
+}
+
+TEST(Background, EachCaseHasItsTaggedForm) {
+    const std::pair<const char*, Background> cases[] = {
+        {R"("none")", Background::makeNone()},
+        {R"("wallpaper")", Background{{}, Background::wallpaper{}}},
+        {R"({"image":"backgrounds/a b.png"})", Background{{}, Background::image{{"backgrounds/a b.png"}}}},
+        {R"({"missingImage":"Beach"})", Background{{}, Background::missingImage{"Beach"}}},
+        {R"({"gradient":{"angleDegrees":45,"from":{"alpha":1,"blue":0,"green":0,"red":1},)"
+         R"("to":{"alpha":0.5,"blue":1,"green":0,"red":0}}})",
+         Background::makeGradient({{1, 0, 0, 1}, {0, 0, 1, 0.5}, 45})},
+        {R"({"catalog":{"reference":{"mesh":"dawn"}}})",
+         Background{{}, Background::catalog{{{}, BackgroundReference::mesh{"dawn"}}, std::nullopt}}},
+        {R"({"catalog":{"image":"backgrounds/x.heic","reference":{"macOS":{"frame":2,"path":"/L/Sonoma.heic"}}}})",
+         Background{{}, Background::catalog{{{}, BackgroundReference::macOS{"/L/Sonoma.heic", 2}},
+                                            PackagePath{"backgrounds/x.heic"}}}},
+    };
+    for (const auto& [json, background] : cases) {
+        EXPECT_EQ(encodeJSON(background).compact(), json);
+        EXPECT_EQ(decodeJSON<Background>(std::string_view(json)), background) << json;
+    }
+}
+
+TEST(Style, EffectiveTurnsDisabledSectionsBackToOriginal) {
+    Style style = busyStyle();
+    style.disabled = {StyleSection::background, StyleSection::padding, StyleSection::cornerRadius,
+                      StyleSection::shadow, StyleSection::look};
+    Style expected = Style::original();
+    expected.aspect = style.aspect;
+    expected.deviceFrame = style.deviceFrame;
+    expected.motionBlur = style.motionBlur;
+    EXPECT_EQ(style.effective(), expected);
+
+    style.disabled = {StyleSection::padding};
+    Style onlyPadding = busyStyle();
+    onlyPadding.disabled.clear();
+    onlyPadding.padding = 0;
+    EXPECT_EQ(style.effective(), onlyPadding);
+}
+
+TEST(Style, IsChangedLooksAtOneSectionOnly) {
+    struct Case {
+        void (*change)(Style&);
+        StyleSection section;
+    };
+    const Case cases[] = {
+        {[](Style& s) { s.background = Background{{}, Background::wallpaper{}}; }, StyleSection::background},
+        {[](Style& s) { s.backgroundBlur = 3; }, StyleSection::background},
+        {[](Style& s) { s.padding = 1; }, StyleSection::padding},
+        {[](Style& s) { s.cornerRadius = 1; }, StyleSection::cornerRadius},
+        {[](Style& s) { s.shadow = 1; }, StyleSection::shadow},
+        {[](Style& s) { s.look = JSONValue::parse(R"({"entries":[]})"); }, StyleSection::look},
+        {[](Style& s) { s.lookScope = LookScope::background; }, StyleSection::look},
+    };
+    for (const Case& c : cases) {
+        Style style;
+        c.change(style);
+        style.disabled = {c.section}; // switching a section off doesn't make it the original
+        for (StyleSection section : {StyleSection::background, StyleSection::padding, StyleSection::cornerRadius,
+                                     StyleSection::shadow, StyleSection::look})
+            EXPECT_EQ(style.isChanged(section), section == c.section) << caseName(section);
+    }
+    Style other;
+    other.aspect = AspectRatio::makeRatio(1, 1);
+    other.deviceFrame = DeviceFrame::browser;
+    EXPECT_FALSE(other.isChanged(StyleSection::background));
+}
+
+TEST(StylePreset, OriginalIsTheOnlyBuiltIn) {
+    const auto all = BuiltInPresets::all();
+    ASSERT_EQ(all.size(), 1u);
+    EXPECT_EQ(BuiltInPresets::builtIn("original"), all[0]);
+    EXPECT_EQ(all[0].style, Style::original());
+    EXPECT_TRUE(all[0].isBuiltIn);
+    EXPECT_FALSE(BuiltInPresets::builtIn("Original").has_value());
+    EXPECT_EQ(encodeJSON(all[0]).compact(),
+              std::string(R"({"id":"original","isBuiltIn":true,"name":")") + all[0].name + R"(","style":)" +
+                  originalJSON + "}");
+}
+
+} // namespace
+} // namespace ovik
