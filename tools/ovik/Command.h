@@ -10,5 +10,6 @@ namespace ovik::cli {
 void addVersionCommand(CLI::App& app);
 void addTextCommand(CLI::App& app);
 void addDraftCommand(CLI::App& app);
+void addThumbnailCommand(CLI::App& app);
 
 } // namespace ovik::cli

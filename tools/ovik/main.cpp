@@ -14,6 +14,7 @@ int main(int argc, char** argv) {
     ovik::cli::addVersionCommand(app);
     ovik::cli::addTextCommand(app);
     ovik::cli::addDraftCommand(app);
+    ovik::cli::addThumbnailCommand(app);
     try {
         app.parse(argc, argv);
     } catch (const CLI::CallForHelp& help) {

@@ -1,0 +1,89 @@
+#include "OvikQuickLook/QuickLookDraft.h"
+
+#include <algorithm>
+
+#include "OvikModel/keys/BuiltInFormats.h"
+#include "OvikModel/keys/DraftRenderKey.h"
+#include "OvikPlatform/codecs/PNGCodec.h"
+#include "OvikQuickLook/QuickLookError.h"
+#include "OvikQuickLook/QuickLookPackage.h"
+
+namespace ovik::QuickLookDraft {
+namespace {
+
+// The one place where a picture is composed from the draft. Frames can't be composed yet,
+// so a miss of every kept render ends here; the callers then fall back as they would on any
+// composing failure.
+ImageBox composeStill(const DraftDocument&, std::int64_t) { throw QuickLookFailure(); }
+
+std::optional<std::filesystem::path> keptThumbnail(const QuickLookPackage& package, std::int64_t size) {
+    return package.render(ovik::thumbnailKey(package.document.draft, size), "png", thumbnailFileName(size));
+}
+
+Thumbnail fileAnswer(std::filesystem::path url) { return Thumbnail{{}, Thumbnail::file{std::move(url)}}; }
+
+} // namespace
+
+Thumbnail thumbnail(const std::filesystem::path& url, std::int64_t maxPixel) {
+    const QuickLookPackage package = QuickLookPackage::open(url);
+    // Up the ladder from the smallest kept size that is not smaller than the request.
+    for (std::int64_t size : keptThumbnailPixels)
+        if (maxPixel <= size)
+            if (auto file = keptThumbnail(package, size)) return fileAnswer(std::move(*file));
+    try {
+        return Thumbnail{{}, Thumbnail::picture{composeStill(package.document, std::min(maxPixel, renderingLimit))}};
+    } catch (const std::exception&) {
+        // Any kept size will do now, the largest first.
+        for (auto size = keptThumbnailPixels.rbegin(); size != keptThumbnailPixels.rend(); ++size)
+            if (auto file = keptThumbnail(package, *size)) return fileAnswer(std::move(*file));
+    }
+    throw QuickLookFailure();
+}
+
+Preview preview(const std::filesystem::path& url, std::int64_t maxPixel) {
+    const QuickLookPackage package = QuickLookPackage::open(url);
+    const Draft& draft = package.document.draft;
+    const OutputKind kind = draft.outputKind();
+    const ExportRequest request = BuiltInFormats::defaultRequest(kind);
+    const std::string extension = BuiltInFormats::fileExtension(request.format);
+    if (auto file = package.render(renderKey(draft, request, std::nullopt), extension, std::nullopt))
+        return Preview{{}, Preview::file{std::move(*file)}};
+    if (kind == OutputKind::screenshot && draft.isCaptureAsIs()) {
+        if (const auto* shot = std::get_if<MediaSource::screenshot>(&draft.source().cases)) {
+            const std::filesystem::path image = package.root / shot->value.image.relative;
+            std::error_code error;
+            if (QuickLookPackage::isInside(image, package.root) && std::filesystem::exists(image, error))
+                return Preview{{}, Preview::file{image}};
+        }
+    }
+    try {
+        const ImageBox image = composeStill(package.document, maxPixel);
+        const PixelSize size = image.pixelSize();
+        return Preview{{}, Preview::picture{image, {double(size.width), double(size.height)}}};
+    } catch (const std::exception&) {
+        throw QuickLookFailure();
+    }
+}
+
+std::optional<Draft> draft(const std::filesystem::path& url) {
+    try {
+        return QuickLookPackage::open(url).document.draft;
+    } catch (const std::exception&) {
+        return std::nullopt;
+    }
+}
+
+RenderKey thumbnailKey(const Draft& draft, std::int64_t maxPixel) { return ovik::thumbnailKey(draft, maxPixel); }
+
+std::string thumbnailFileName(std::int64_t maxPixel) { return RenderKey::thumbnailFileName(maxPixel); }
+
+std::string pngData(const ImageBox& image) {
+    if (!image.cgImage) throw QuickLookFailure();
+    try {
+        return PNGCodec::encode(*image.cgImage);
+    } catch (const Error&) {
+        throw QuickLookFailure();
+    }
+}
+
+} // namespace ovik::QuickLookDraft
