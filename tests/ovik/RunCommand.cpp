@@ -36,12 +36,13 @@ std::vector<std::string> cleanEnvironment(const std::vector<std::string>& extra)
 
 } // namespace
 
-CommandResult runOvik(const std::vector<std::string>& arguments, const std::vector<std::string>& environment) {
+CommandResult runProgram(const std::string& program, const std::vector<std::string>& arguments,
+                         const std::vector<std::string>& environment) {
     const auto folder = std::filesystem::temp_directory_path() / ("ovik-run-" + std::to_string(getpid()));
     std::filesystem::create_directories(folder);
     const auto outPath = folder / "out", errPath = folder / "err";
 
-    std::vector<std::string> argv{OVIK_COMMAND};
+    std::vector<std::string> argv{program};
     argv.insert(argv.end(), arguments.begin(), arguments.end());
     std::vector<char*> argvPointers, envPointers;
     for (auto& a : argv) argvPointers.push_back(a.data());

@@ -1,5 +1,6 @@
 #pragma once
-// Runs the built `ovik` command with an environment and arguments, and collects what it wrote.
+// Runs a built program (the `ovik` command, the thumbnailer) with an environment and arguments,
+// and collects what it wrote.
 #include <string>
 #include <vector>
 
@@ -13,6 +14,10 @@ struct CommandResult {
 
 /// `environment` entries are "NAME=value"; the command's language variables are cleared first
 /// so that the machine's settings never leak into a test.
-CommandResult runOvik(const std::vector<std::string>& arguments, const std::vector<std::string>& environment = {});
+CommandResult runProgram(const std::string& program, const std::vector<std::string>& arguments,
+                         const std::vector<std::string>& environment = {});
+inline CommandResult runOvik(const std::vector<std::string>& arguments, const std::vector<std::string>& environment = {}) {
+    return runProgram(OVIK_COMMAND, arguments, environment);
+}
 
 } // namespace ovik::testing

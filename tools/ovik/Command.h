@@ -11,5 +11,6 @@ void addVersionCommand(CLI::App& app);
 void addTextCommand(CLI::App& app);
 void addDraftCommand(CLI::App& app);
 void addThumbnailCommand(CLI::App& app);
+void addKeyCommand(CLI::App& app);
 
 } // namespace ovik::cli

@@ -15,6 +15,7 @@ int main(int argc, char** argv) {
     ovik::cli::addTextCommand(app);
     ovik::cli::addDraftCommand(app);
     ovik::cli::addThumbnailCommand(app);
+    ovik::cli::addKeyCommand(app);
     try {
         app.parse(argc, argv);
     } catch (const CLI::CallForHelp& help) {
