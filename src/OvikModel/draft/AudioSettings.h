@@ -1,7 +1,7 @@
 #pragma once
 // The levels of the two recorded sound tracks. Every key may be absent on reading; all are
 // written.
-#include "OvikModel/draft/WrittenAlways.h"
+#include "OvikPlatform/json/JSONCoding.h"
 
 namespace ovik {
 

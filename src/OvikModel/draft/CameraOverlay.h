@@ -1,6 +1,6 @@
 #pragma once
 // The recorded camera shown in a corner of the picture. Every key may be absent on reading.
-#include "OvikModel/draft/WrittenAlways.h"
+#include "OvikPlatform/json/JSONCoding.h"
 
 namespace ovik {
 

@@ -1,6 +1,6 @@
 #pragma once
 // A plain surface of one colour that a section can show instead of captured media.
-#include "OvikModel/draft/WrittenAlways.h"
+#include "OvikPlatform/json/JSONCoding.h"
 #include "OvikModel/values/PixelSize.h"
 #include "OvikModel/values/RGBA.h"
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "OvikModel/draft/WrittenAlways.h"
+#include "OvikPlatform/json/JSONCoding.h"
 #include "OvikModel/values/Identifier.h"
 #include "OvikModel/values/TimeRange.h"
 #include "OvikPlatform/CowList.h"

@@ -3,7 +3,7 @@
 // written, the click colour only when set. A default-made value is `plain`.
 #include <optional>
 
-#include "OvikModel/draft/WrittenAlways.h"
+#include "OvikPlatform/json/JSONCoding.h"
 #include "OvikModel/values/RGBA.h"
 
 namespace ovik {

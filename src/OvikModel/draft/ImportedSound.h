@@ -3,7 +3,7 @@
 #include <string>
 
 #include "OvikModel/PackagePath.h"
-#include "OvikModel/draft/WrittenAlways.h"
+#include "OvikPlatform/json/JSONCoding.h"
 #include "OvikModel/values/Identifier.h"
 #include "OvikModel/values/Times.h"
 

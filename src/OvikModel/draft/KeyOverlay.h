@@ -1,6 +1,6 @@
 #pragma once
 // Whether pressed keys are shown over a recording.
-#include "OvikModel/draft/WrittenAlways.h"
+#include "OvikPlatform/json/JSONCoding.h"
 
 namespace ovik {
 

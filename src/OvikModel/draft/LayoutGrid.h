@@ -3,7 +3,7 @@
 // reading; all are written.
 #include <cstdint>
 
-#include "OvikModel/draft/WrittenAlways.h"
+#include "OvikPlatform/json/JSONCoding.h"
 
 namespace ovik {
 

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "OvikModel/draft/MediaSource.h"
-#include "OvikModel/draft/WrittenAlways.h"
+#include "OvikPlatform/json/JSONCoding.h"
 #include "OvikModel/objects/BlendMode.h"
 #include "OvikModel/objects/ClipShape.h"
 #include "OvikModel/values/Identifier.h"

@@ -5,7 +5,7 @@
 #include <optional>
 #include <vector>
 
-#include "OvikModel/draft/WrittenAlways.h"
+#include "OvikPlatform/json/JSONCoding.h"
 #include "OvikModel/values/Times.h"
 
 namespace ovik {

@@ -3,7 +3,7 @@
 // the picture it shows. `auto` is a keyword, so that axis is `auto_` here ("auto" in JSON).
 #include <vector>
 
-#include "OvikModel/draft/WrittenAlways.h"
+#include "OvikPlatform/json/JSONCoding.h"
 #include "OvikModel/values/Identifier.h"
 #include "OvikPlatform/geometry/CGRect.h"
 

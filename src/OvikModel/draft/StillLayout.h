@@ -1,7 +1,7 @@
 #pragma once
 // How the stills of a draft of several media are laid out. `auto` is a keyword, so that mode
 // is `auto_` here ("auto" in JSON). Both keys may be absent on reading; both are written.
-#include "OvikModel/draft/WrittenAlways.h"
+#include "OvikPlatform/json/JSONCoding.h"
 
 namespace ovik {
 

@@ -1,6 +1,6 @@
 #pragma once
 // How zooming behaves in a recording. Every key may be absent on reading; all are written.
-#include "OvikModel/draft/WrittenAlways.h"
+#include "OvikPlatform/json/JSONCoding.h"
 
 namespace ovik {
 

@@ -22,10 +22,6 @@ void doesNotFit(JSONNode node, const CodingPath& path, std::string_view type) {
     throw DecodingError::dataCorrupted(path, "Parsed JSON number <" + digits + "> does not fit in " + std::string(type) + ".");
 }
 
-void expect(JSONNode node, JSONNode::Kind kind, const CodingPath& path, std::string_view type) {
-    if (node.kind() != kind) mismatch(node, path, type);
-}
-
 } // namespace json_detail
 
 TaggedCase TaggedCase::read(JSONNode node, const CodingPath& path) {

@@ -8,9 +8,12 @@
 // and encoding, decoding and defaults all follow from that list: `required` is always written
 // and must be present; `optional` (an std::optional or HeldIfSet) is left out when empty;
 // `defaulted` is left out when it equals the value of a default-constructed record and takes
-// that value when absent. A custom form is a coder type given as the template argument,
+// that value when absent; `writtenAlways` takes that value when absent and is always written.
+// A custom form is a coder type given as the template argument,
 // `required<HexColor>("tint", &T::tint)`. Unknown keys are ignored; the first failing field
 // is reported with its coding path.
+#include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdint>
 #include <limits>
@@ -61,7 +64,9 @@ T decodeJSON(const JSONValue& value) {
 namespace json_detail {
 [[noreturn]] void mismatch(JSONNode node, const CodingPath& path, std::string_view type);
 [[noreturn]] void doesNotFit(JSONNode node, const CodingPath& path, std::string_view type);
-void expect(JSONNode node, JSONNode::Kind kind, const CodingPath& path, std::string_view type);
+inline void expect(JSONNode node, JSONNode::Kind kind, const CodingPath& path, std::string_view type) {
+    if (node.kind() != kind) mismatch(node, path, type);
+}
 } // namespace json_detail
 
 template <>
@@ -197,7 +202,8 @@ struct JSONCoding<E> {
 
 // ---- records ---------------------------------------------------------------------------------
 
-enum class JSONPresence { required, optional, defaulted };
+/// `writtenAlways`: takes its default when absent, and is written whatever its value.
+enum class JSONPresence { required, optional, defaulted, writtenAlways };
 
 template <class Coder, class Owner, class Member, JSONPresence Presence>
 struct JSONField {
@@ -220,6 +226,27 @@ struct Wrapped<Member> {
 };
 template <class Coder, class Member>
 using CoderFor = std::conditional_t<std::is_void_v<Coder>, JSONCoding<Member>, Coder>;
+
+/// The keys of a record's fields, sorted, each with its place in the declaration.
+template <std::size_t N>
+struct KeyTable {
+    std::array<std::pair<std::string_view, std::size_t>, N> sorted{};
+
+    template <class... Keys>
+    static constexpr KeyTable of(Keys... keys) {
+        KeyTable table;
+        std::size_t at = 0;
+        ((table.sorted[at] = {std::string_view(keys), at}, ++at), ...);
+        std::sort(table.sorted.begin(), table.sorted.end());
+        return table;
+    }
+    /// The field's place, or N when no field has that key.
+    constexpr std::size_t find(std::string_view key) const {
+        auto found = std::lower_bound(sorted.begin(), sorted.end(), key,
+                                      [](const auto& entry, std::string_view k) { return entry.first < k; });
+        return found != sorted.end() && found->first == key ? found->second : N;
+    }
+};
 } // namespace json_detail
 
 template <class Coder = void, class Owner, class Member>
@@ -236,6 +263,11 @@ constexpr auto optional(std::string_view key, Member Owner::*member) {
 template <class Coder = void, class Owner, class Member>
 constexpr auto defaulted(std::string_view key, Member Owner::*member) {
     return JSONField<json_detail::CoderFor<Coder, Member>, Owner, Member, JSONPresence::defaulted>{key, member};
+}
+
+template <class Coder = void, class Owner, class Member>
+constexpr auto writtenAlways(std::string_view key, Member Owner::*member) {
+    return JSONField<json_detail::CoderFor<Coder, Member>, Owner, Member, JSONPresence::writtenAlways>{key, member};
 }
 
 template <class T>
@@ -256,10 +288,7 @@ struct JSONCoding<T> {
 
     static T decode(JSONNode node, const CodingPath& path) {
         json_detail::expect(node, JSONNode::Kind::object, path, "Dictionary<String, Any>");
-        T record{};
-        std::uint32_t hint = 0;
-        std::apply([&](const auto&... field) { (decodeField(record, node, path, hint, field), ...); }, T::jsonFields());
-        return record;
+        return decodeFields(node, path, std::make_index_sequence<std::tuple_size_v<decltype(T::jsonFields())>>{});
     }
 
 private:
@@ -276,17 +305,30 @@ private:
         }
     }
 
+    // One pass over the stored members finds every declared field (a later duplicate wins);
+    // the fields are then decoded in their declared order, so the first failing one is told.
+    template <std::size_t... I>
+    static T decodeFields(JSONNode node, const CodingPath& path, std::index_sequence<I...>) {
+        static constexpr auto fields = T::jsonFields();
+        static constexpr auto keys = json_detail::KeyTable<sizeof...(I)>::of(std::get<I>(fields).key...);
+        std::array<std::optional<JSONNode>, sizeof...(I)> found;
+        for (const auto member : node.members())
+            if (const std::size_t at = keys.find(member.key); at < sizeof...(I)) found[at] = member.value;
+        T record{};
+        (decodeField(record, found[I], path, std::get<I>(fields)), ...);
+        return record;
+    }
+
     template <class Coder, class Member, JSONPresence Presence>
-    static void decodeField(T& record, JSONNode node, const CodingPath& path, std::uint32_t& hint,
+    static void decodeField(T& record, const std::optional<JSONNode>& value, const CodingPath& path,
                             const JSONField<Coder, T, Member, Presence>& field) {
-        JSONNode value = node;
-        if (!node.find(field.key, value, hint)) {
+        if (!value) {
             if constexpr (Presence == JSONPresence::required) throw DecodingError::keyNotFound(path, field.key);
             return;
         }
         // An explicit null stands for absence, except where a value is required.
-        if (Presence != JSONPresence::required && value.isNull()) return;
-        record.*field.member = Coder::decode(value, path.appending(field.key));
+        if (Presence != JSONPresence::required && value->isNull()) return;
+        record.*field.member = Coder::decode(*value, path.appending(field.key));
     }
 };
 

@@ -45,20 +45,6 @@ JSONNode JSONDocument::root() const {
     return JSONNode(doc.tape.get(), doc.string_buf.get(), 1);
 }
 
-JSONNode::Kind JSONNode::kind() const {
-    switch (tag()) {
-    case 'n': return Kind::null;
-    case 't':
-    case 'f': return Kind::boolean;
-    case 'l': return Kind::integer;
-    case 'u':
-    case 'd': return Kind::number;
-    case '"': return Kind::string;
-    case '[': return Kind::array;
-    default: return Kind::object;
-    }
-}
-
 double JSONNode::number() const {
     const std::uint64_t word = tape_[index_ + 1];
     switch (tag()) {
@@ -75,24 +61,6 @@ double JSONNode::number() const {
 bool JSONNode::unsignedInteger(std::uint64_t& out) const {
     if (tag() == 'u' || (tag() == 'l' && integer() >= 0)) return out = tape_[index_ + 1], true;
     return false;
-}
-
-std::string_view JSONNode::string() const {
-    const std::uint8_t* at = strings_ + (tape_[index_] & 0x00FFFFFFFFFFFFFFull);
-    std::uint32_t length;
-    std::memcpy(&length, at, sizeof length);
-    return {reinterpret_cast<const char*>(at + sizeof length), length};
-}
-
-std::uint32_t JSONNode::after() const {
-    switch (tag()) {
-    case '[':
-    case '{': return payload32();
-    case 'l':
-    case 'u':
-    case 'd': return index_ + 2;
-    default: return index_ + 1;
-    }
 }
 
 std::uint32_t JSONNode::size() const {
@@ -177,7 +145,12 @@ JSONValue JSONNode::value() const {
     }
     case Kind::object: {
         JSONValue::Object object;
-        for (auto member : members()) object.insert_or_assign(std::string(member.key), member.value.value());
+        object.reserve(size());
+        for (auto member : members()) {
+            // A repeated key keeps its last value.
+            auto [at, added] = object.emplace(member.key, member.value.value());
+            if (!added) at->second = member.value.value();
+        }
         return JSONValue(std::move(object));
     }
     }

@@ -35,7 +35,19 @@ class JSONNode {
 public:
     enum class Kind : std::uint8_t { null, boolean, integer, number, string, array, object };
 
-    Kind kind() const;
+    Kind kind() const {
+        switch (tag()) {
+        case 'n': return Kind::null;
+        case 't':
+        case 'f': return Kind::boolean;
+        case 'l': return Kind::integer;
+        case 'u':
+        case 'd': return Kind::number;
+        case '"': return Kind::string;
+        case '[': return Kind::array;
+        default: return Kind::object;
+        }
+    }
     bool isNull() const { return tag() == 'n'; }
     bool boolean() const { return tag() == 't'; }
     std::int64_t integer() const { return std::int64_t(tape_[index_ + 1]); }
@@ -43,7 +55,12 @@ public:
     bool unsignedInteger(std::uint64_t& out) const;
     /// A number of either kind as a double.
     double number() const;
-    std::string_view string() const;
+    std::string_view string() const {
+        const std::uint8_t* at = strings_ + (tape_[index_] & 0x00FFFFFFFFFFFFFFull);
+        std::uint32_t length;
+        std::memcpy(&length, at, sizeof length);
+        return {reinterpret_cast<const char*>(at + sizeof length), length};
+    }
     /// Elements of an array or members of an object.
     std::uint32_t size() const;
 
@@ -69,8 +86,12 @@ private:
         : tape_(tape), strings_(strings), index_(index) {}
     char tag() const { return char(tape_[index_] >> 56); }
     std::uint32_t payload32() const { return std::uint32_t(tape_[index_]); }
-    /// The tape index just past this value.
-    std::uint32_t after() const;
+    /// The tape index just past this value: containers store it, numbers take two words.
+    std::uint32_t after() const {
+        const char t = tag();
+        if (t == '[' || t == '{') return payload32();
+        return index_ + ((t == 'l' || t == 'u' || t == 'd') ? 2 : 1);
+    }
     JSONNode at(std::uint32_t index) const { return JSONNode(tape_, strings_, index); }
 
     const std::uint64_t* tape_;

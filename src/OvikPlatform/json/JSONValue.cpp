@@ -1,5 +1,7 @@
 #include "OvikPlatform/json/JSONValue.h"
 
+#include <algorithm>
+
 #include "OvikPlatform/json/JSONDocument.h"
 #include "OvikPlatform/json/JSONWriter.h"
 
@@ -39,6 +41,51 @@ JSONValue settingPieces(const JSONValue& base, const std::vector<std::string_vie
 }
 
 } // namespace
+
+JSONObject::JSONObject(std::initializer_list<value_type> members) {
+    members_.reserve(members.size());
+    for (const value_type& member : members) emplace(member.first, member.second);
+}
+
+JSONObject::iterator JSONObject::lowerBound(std::string_view key) {
+    return std::lower_bound(members_.begin(), members_.end(), key,
+                            [](const value_type& member, std::string_view k) { return std::string_view(member.first) < k; });
+}
+
+JSONObject::iterator JSONObject::find(std::string_view key) {
+    const auto at = lowerBound(key);
+    return at != members_.end() && at->first == key ? at : members_.end();
+}
+
+JSONObject::const_iterator JSONObject::find(std::string_view key) const {
+    return const_cast<JSONObject*>(this)->find(key);
+}
+
+std::pair<JSONObject::iterator, bool> JSONObject::emplace(std::string_view key, JSONValue value) {
+    auto at = lowerBound(key);
+    if (at != members_.end() && at->first == key) return {at, false};
+    // Members usually arrive in key order: then this is an append.
+    return {members_.insert(at, value_type(std::string(key), std::move(value))), true};
+}
+
+std::pair<JSONObject::iterator, bool> JSONObject::insert_or_assign(std::string_view key, JSONValue value) {
+    auto [at, added] = emplace(key, JSONValue());
+    at->second = std::move(value);
+    return {at, added};
+}
+
+void JSONObject::merge(const JSONObject& other) {
+    for (const value_type& member : other) emplace(member.first, member.second);
+}
+
+std::size_t JSONObject::erase(std::string_view key) {
+    const auto at = find(key);
+    if (at == members_.end()) return 0;
+    members_.erase(at);
+    return 1;
+}
+
+bool JSONObject::operator==(const JSONObject& other) const { return members_ == other.members_; }
 
 JSONValue JSONValue::parse(std::string_view text) { return JSONDocument::parse(text).root().value(); }
 

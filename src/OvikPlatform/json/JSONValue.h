@@ -4,7 +4,7 @@
 // held as `uint64_t`, so that it keeps its digits. The `float` case exists only for encoding: a
 // single-precision field is laid out with its own shortest digits; reading never makes one.
 #include <cstdint>
-#include <map>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -12,10 +12,50 @@
 
 namespace ovik {
 
+class JSONValue;
+
+/// The members of a JSON object, kept sorted by the UTF-8 bytes of their keys in one vector:
+/// a map's interface without a heap node per member.
+class JSONObject {
+public:
+    using value_type = std::pair<std::string, JSONValue>;
+    using iterator = std::vector<value_type>::iterator;
+    using const_iterator = std::vector<value_type>::const_iterator;
+
+    JSONObject() = default;
+    /// A repeated key keeps its first value, as a map's constructor does.
+    JSONObject(std::initializer_list<value_type> members);
+
+    iterator begin();
+    iterator end();
+    const_iterator begin() const;
+    const_iterator end() const;
+    std::size_t size() const;
+    bool empty() const;
+    void reserve(std::size_t count);
+
+    iterator find(std::string_view key);
+    const_iterator find(std::string_view key) const;
+    std::size_t count(std::string_view key) const;
+    /// Adds the member unless the key is there already.
+    std::pair<iterator, bool> emplace(std::string_view key, JSONValue value);
+    /// Adds the member, or replaces the value of the key.
+    std::pair<iterator, bool> insert_or_assign(std::string_view key, JSONValue value);
+    /// Adds the members of `other` whose keys are not here yet.
+    void merge(const JSONObject& other);
+    std::size_t erase(std::string_view key);
+
+    bool operator==(const JSONObject& other) const;
+
+private:
+    iterator lowerBound(std::string_view key);
+    std::vector<value_type> members_;
+};
+
 class JSONValue {
 public:
     using Array = std::vector<JSONValue>;
-    using Object = std::map<std::string, JSONValue, std::less<>>;
+    using Object = JSONObject;
     using Storage = std::variant<std::nullptr_t, bool, std::int64_t, std::uint64_t, double, float, std::string, Array, Object>;
 
     JSONValue() : storage_(nullptr) {}
@@ -64,5 +104,15 @@ public:
 private:
     Storage storage_;
 };
+
+// Defined once JSONValue is complete: the members hold values.
+inline JSONObject::iterator JSONObject::begin() { return members_.begin(); }
+inline JSONObject::iterator JSONObject::end() { return members_.end(); }
+inline JSONObject::const_iterator JSONObject::begin() const { return members_.begin(); }
+inline JSONObject::const_iterator JSONObject::end() const { return members_.end(); }
+inline std::size_t JSONObject::size() const { return members_.size(); }
+inline bool JSONObject::empty() const { return members_.empty(); }
+inline void JSONObject::reserve(std::size_t count) { members_.reserve(count); }
+inline std::size_t JSONObject::count(std::string_view key) const { return find(key) == end() ? 0 : 1; }
 
 } // namespace ovik

@@ -1,0 +1,136 @@
+// Decoding and re-encoding a large draft, against a plain simdjson parse of the same bytes;
+// and the hit path of a thumbnail request (open, decode, key, find the kept file).
+#include <benchmark/benchmark.h>
+#include <simdjson.h>
+
+#include <filesystem>
+#include <unistd.h>
+
+#include "OvikDrafts/FileDraftStore.h"
+#include "OvikModel/DraftJSON.h"
+#include "OvikModel/keys/DraftRenderKey.h"
+#include "OvikModel/objects/AnnotationDefaults.h"
+#include "OvikPlatform/files/AtomicFile.h"
+#include "OvikQuickLook/QuickLookDraft.h"
+
+namespace {
+
+using namespace ovik;
+
+template <class ID>
+ID numberedID(std::uint64_t n) {
+    char text[40];
+    std::snprintf(text, sizeof text, "B0B0B0B0-0000-4000-8000-%012llu", static_cast<unsigned long long>(n));
+    return ID{*UUID::parse(text)};
+}
+
+// Objects of every common kind, each with two animation actions (kept as stored JSON).
+Draft syntheticDraft(int objectCount, bool withActions = true) {
+    const AnnotationDefaults defaults = AnnotationDefaults::standard();
+    Draft draft;
+    draft.id = numberedID<DraftID>(1);
+    draft.name = "bench";
+    Media media;
+    media.id = numberedID<MediaID>(2);
+    media.source = MediaSource::makeScreenshot(Screenshot{PackagePath{"media/screenshot.png"}, {2880, 1800}, 2, "sRGB", {}, {}});
+    draft.media = CowList<Media>{media};
+    Section section;
+    section.id = numberedID<SectionID>(3);
+    section.media = media.id;
+    section.length = Section::Length::makeStill(MediaDuration{5000000});
+    draft.sections = CowList<Section>{section};
+    const JSONValue action = JSONValue::parse(
+        R"({"curve":"easeInOut","duration":500000,"mode":{"to":{"opacity":0.25,"position":[120.5,80.25]}},"start":250000})");
+    std::vector<ObjectNode> nodes;
+    for (int i = 0; i < objectCount; ++i) {
+        ObjectNode node;
+        node.id = numberedID<ObjectID>(100 + std::uint64_t(i));
+        node.name = "对象 " + std::to_string(i);
+        const double x = (i % 40) * 30.5, y = (i / 40) * 20.25;
+        switch (i % 4) {
+        case 0: node.content = ObjectContent::makeAnnotation(defaults.rectangle({{x, y}, {120, 80}})); break;
+        case 1: node.content = ObjectContent::makeAnnotation(defaults.arrow({x, y}, {x + 90, y + 45})); break;
+        case 2: node.content = ObjectContent::makeAnnotation(defaults.text({x, y}, "Step " + std::to_string(i))); break;
+        default: node.content = ObjectContent::makeAnnotation(defaults.counter({x, y})); break;
+        }
+        if (withActions) node.actions = {action, action};
+        nodes.push_back(std::move(node));
+    }
+    draft.objects = CowList<ObjectNode>(std::move(nodes));
+    return draft;
+}
+
+const std::string& largeDraftText() {
+    static const std::string text = DraftJSON::encode(syntheticDraft(5000), true);
+    return text;
+}
+
+const std::string& plainDraftText() {
+    static const std::string text = DraftJSON::encode(syntheticDraft(5000, false), true);
+    return text;
+}
+
+void DecodeDraftWithoutActions(benchmark::State& state) {
+    const std::string& text = plainDraftText();
+    simdjson::dom::parser parser;
+    double parseSeconds = 0;
+    for (auto _ : state) benchmark::DoNotOptimize(decodeJSON<Draft>(std::string_view(text)));
+    state.counters["bytes"] = double(text.size());
+    (void)parseSeconds;
+}
+BENCHMARK(DecodeDraftWithoutActions)->Unit(benchmark::kMillisecond);
+
+void BaselineSimdjsonDOMParse(benchmark::State& state) {
+    const std::string& text = largeDraftText();
+    simdjson::dom::parser parser;
+    for (auto _ : state) {
+        simdjson::dom::element root;
+        if (parser.parse(text.data(), text.size(), true).get(root)) state.SkipWithError("parse failed");
+        benchmark::DoNotOptimize(root);
+    }
+    state.SetBytesProcessed(std::int64_t(state.iterations() * text.size()));
+}
+BENCHMARK(BaselineSimdjsonDOMParse)->Unit(benchmark::kMillisecond);
+
+void DecodeDraft(benchmark::State& state) {
+    const std::string& text = largeDraftText();
+    for (auto _ : state) benchmark::DoNotOptimize(decodeJSON<Draft>(std::string_view(text)));
+    state.SetBytesProcessed(std::int64_t(state.iterations() * text.size()));
+}
+BENCHMARK(DecodeDraft)->Unit(benchmark::kMillisecond);
+
+void DecodeAndEncodeDraft(benchmark::State& state) {
+    const std::string& text = largeDraftText();
+    for (auto _ : state) benchmark::DoNotOptimize(DraftJSON::encode(decodeJSON<Draft>(std::string_view(text)), true));
+    state.SetBytesProcessed(std::int64_t(state.iterations() * text.size()));
+}
+BENCHMARK(DecodeAndEncodeDraft)->Unit(benchmark::kMillisecond);
+
+// A typical draft: 40 objects, kept thumbnails at every size.
+class KeptPackage {
+public:
+    KeptPackage() {
+        root_ = std::filesystem::temp_directory_path() / ("ovik-bench-" + std::to_string(getpid()) + ".ovikwork");
+        std::filesystem::create_directories(root_);
+        const Draft draft = syntheticDraft(40);
+        FileDraftStore::writeDraft(draft, root_);
+        for (std::int64_t size : QuickLookDraft::keptThumbnailPixels) {
+            const auto folder = root_ / "renders" / thumbnailKey(draft, size).rawValue;
+            std::filesystem::create_directories(folder);
+            AtomicFile::write(std::string(1024, 'x'), folder / RenderKey::thumbnailFileName(size));
+        }
+    }
+    ~KeptPackage() { std::filesystem::remove_all(root_); }
+    const std::filesystem::path& root() const { return root_; }
+
+private:
+    std::filesystem::path root_;
+};
+
+void ThumbnailHitPath(benchmark::State& state) {
+    const KeptPackage package;
+    for (auto _ : state) benchmark::DoNotOptimize(QuickLookDraft::thumbnail(package.root(), 256));
+}
+BENCHMARK(ThumbnailHitPath)->Unit(benchmark::kMicrosecond);
+
+} // namespace
