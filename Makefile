@@ -19,11 +19,21 @@ $(BUILD)/build.ninja: | deps
 build: deps $(BUILD)/build.ninja
 	cmake --build $(BUILD) -j $(JOBS)
 
+OVIK = $(BUILD)/tools/ovik/ovik
+EXAMPLES = $(BUILD)/examples
+
+# The sample packages are made during the build; their thumbnails are answered as a file
+# browser would ask for them.
 demo: build
 	@mkdir -p out
-	$(BUILD)/tools/ovik/ovik version
-	OVIK_LANGUAGE=en $(BUILD)/tools/ovik/ovik text results.file.missing demo.ovikres
-	$(BUILD)/tools/ovik/ovik text results.file.missing demo.ovikres
+	$(OVIK) version
+	$(OVIK) draft check $(EXAMPLES)/kept.ovikwork
+	$(OVIK) thumbnail $(EXAMPLES)/kept.ovikwork --size 256 --scale 2 --output out/kept-thumbnail.png --json
+	$(BUILD)/tools/thumbnailer/ovik-thumbnailer -s 128 $(EXAMPLES)/kept.ovikwork out/kept-128.png
+	@echo "--- a package whose kept renders are stale, and one that reaches outside itself:"
+	-$(OVIK) thumbnail $(EXAMPLES)/stale.ovikwork --size 256 --output out/stale-thumbnail.png
+	-$(OVIK) draft check $(EXAMPLES)/outside.ovikwork
+	@echo "Thumbnails written to out/"
 
 test: build
 	cd $(BUILD) && ctest --output-on-failure -j $(JOBS)
