@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "OvikDrafts/FileDraftStore.h"
+#include "OvikModel/keys/BuiltInFormats.h"
 #include "OvikModel/keys/DraftRenderKey.h"
 #include "OvikModel/objects/AnnotationDefaults.h"
 #include "OvikPlatform/codecs/PNGCodec.h"
@@ -165,6 +166,20 @@ TEST_F(QuickLookDraftTest, PathsListMediaThenObjectsThenFonts) {
     const std::vector<PackagePath> expected = {PackagePath{"media/shot.png"}, PackagePath{"assets/X/s.png"},
                                                PackagePath{"fonts/a.otf"}, PackagePath{"fonts/b.otf"}};
     EXPECT_EQ(QuickLookPackage::paths(rich), expected);
+}
+
+TEST_F(QuickLookDraftTest, PreviewPrefersAKeptRenderThenTheCaptureItself) {
+    const auto previewFile = [this] {
+        const auto preview = QuickLookDraft::preview(package, QuickLookDraft::previewMaxPixel);
+        return preview.as<QuickLookDraft::Preview::file>().value;
+    };
+    EXPECT_THROW(previewFile(), QuickLookFailure); // the capture's file doesn't exist yet
+    writeText(package / "media/shot.png", "png");
+    EXPECT_EQ(previewFile(), package / "media/shot.png");
+    const RenderKey key = renderKey(draft, BuiltInFormats::defaultRequest(OutputKind::screenshot));
+    fs::create_directories(package / "renders" / key.rawValue);
+    writeText(package / "renders" / key.rawValue / "export.png", "png");
+    EXPECT_EQ(previewFile(), package / "renders" / key.rawValue / "export.png");
 }
 
 TEST(QuickLookPngData, WritesAPNGOfThePicture) {
