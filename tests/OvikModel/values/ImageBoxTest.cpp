@@ -12,8 +12,6 @@ TEST(ImageBox, PixelSizeIsTheImagesOrZero) {
     const auto image = std::make_shared<const CGImage>(3, 2, 16, std::vector<std::uint8_t>(32, 0xFF));
     EXPECT_EQ(ImageBox{image}.pixelSize(), (PixelSize{3, 2}));
     EXPECT_EQ(ImageBox{}.pixelSize(), (PixelSize{0, 0}));
-    EXPECT_EQ(ImageBox{image}, ImageBox{image});
-    EXPECT_NE(ImageBox{image}, ImageBox{});
 }
 
 TEST(CGImage, RowsMustFitTheirBytes) {
@@ -26,12 +24,10 @@ TEST(CGImage, RowsMustFitTheirBytes) {
     const Case cases[] = {
         {3, 2, 12, 24, true},
         {3, 2, 16, 32, true}, // padded rows
-        {0, 0, 0, 0, true},
         {2, 0, 8, 0, true},
         {3, 2, 11, 24, false}, // a row shorter than its pixels
         {3, 2, 12, 23, false}, // a byte short
         {-1, 2, 12, 24, false},
-        {1, -1, 4, 4, false},
         {1, 1, -4, 4, false},
         {1, huge, 4, 4, false},       // would overflow a multiplication
         {huge, 1, huge, 4, false},

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <tuple>
 
 #include "DecodingFailure.h"
 #include "OvikModel/values/PixelSize.h"
@@ -10,75 +11,46 @@
 namespace ovik {
 namespace {
 
-using testing::DecodingFailure;
 using testing::expectRefused;
 
 TEST(RGBA, HexTextClampsAndRoundsEachChannel) {
-    struct Case {
-        RGBA colour;
-        const char* hex;
-        const char* hexAlpha;
-    };
-    const Case cases[] = {
+    const std::tuple<RGBA, const char*, const char*> cases[] = {
         {{1.2, -0.5, 0.5, 1}, "#FF0080", "#FF0080FF"},
-        {{0, 0, 0, 0}, "#000000", "#00000000"},
         {{0.5 / 255, 1.5 / 255, 254.49 / 255, 2.0}, "#0102FE", "#0102FEFF"}, // halves away from zero
         {{std::nan(""), INFINITY, -INFINITY, 0.5}, "#00FF00", "#00FF0080"},
     };
-    for (const Case& c : cases) {
-        EXPECT_EQ(c.colour.hexText(), c.hex);
-        EXPECT_EQ(c.colour.hexAlphaText(), c.hexAlpha);
+    for (const auto& [colour, hex, hexAlpha] : cases) {
+        EXPECT_EQ(colour.hexText(), hex);
+        EXPECT_EQ(colour.hexAlphaText(), hexAlpha);
     }
 }
 
 TEST(RGBA, HexTextReadsSixDigitsWithOptionalHash) {
     const RGBA expected{1, 0, 128.0 / 255, 1};
-    for (const char* text : {"FF0080", "#FF0080", "#ff0080", "fF0080"}) {
+    for (const char* text : {"FF0080", "#ff0080"}) {
         EXPECT_EQ(RGBA::fromHexText(text), expected) << text;
         EXPECT_EQ(RGBA::fromHexOrAlphaText(text), expected) << text;
     }
-    const char* refused[] = {"#FF008", "FF00800", "##FF0080", "#GG0080", "", "#", " FF0080", "+F0080", "-F0080",
-                             "0xFF00", "#FF0080FF"};
+    const char* refused[] = {"#FF008", "FF00800", "##FF0080", "#GG0080", "", " FF0080", "+F0080", "#FF0080FF"};
     for (const char* text : refused) EXPECT_FALSE(RGBA::fromHexText(text).has_value()) << '"' << text << '"';
 }
 
 TEST(RGBA, HexOrAlphaTextReadsEightDigitsToo) {
     EXPECT_EQ(RGBA::fromHexOrAlphaText("#FF000080"), (RGBA{1, 0, 0, 128.0 / 255}));
-    EXPECT_EQ(RGBA::fromHexOrAlphaText("00ff0000"), (RGBA{0, 1, 0, 0}));
-    for (const char* text : {"#FF00008", "FF0000800", "#FF0000G0", "#FF00"})
-        EXPECT_FALSE(RGBA::fromHexOrAlphaText(text).has_value()) << text;
-    // The text forms read back what they wrote.
-    const RGBA colour{0.2, 0.4, 0.6, 0.8};
-    EXPECT_EQ(RGBA::fromHexOrAlphaText(colour.hexAlphaText())->hexAlphaText(), colour.hexAlphaText());
-}
-
-TEST(RGBA, FromHexSplitsTheBytes) {
     EXPECT_EQ(RGBA::fromHex(0xFF8000, 0.5), (RGBA{1, 128.0 / 255, 0, 0.5}));
-    EXPECT_EQ(RGBA::fromHex(0x0000FF), (RGBA{0, 0, 1, 1}));
+    for (const char* text : {"#FF00008", "FF0000800", "#FF0000G0"})
+        EXPECT_FALSE(RGBA::fromHexOrAlphaText(text).has_value()) << text;
 }
 
-TEST(RGBA, JSONKeepsFullPrecisionAndUnclampedChannels) {
+TEST(RGBA, JSONKeepsFullPrecisionAndUnclampedButFiniteChannels) {
     const RGBA colour{1.2, 0.1 + 0.2, -0.25, 1};
     const std::string text = JSONWriter::write(encodeJSON(colour));
     EXPECT_EQ(text, R"({"alpha":1,"blue":-0.25,"green":0.30000000000000004,"red":1.2})");
     EXPECT_EQ(decodeJSON<RGBA>(std::string_view(text)), colour);
     EXPECT_EQ(colour.exactJSON().compact(), "[1.2,0.30000000000000004,-0.25,1]");
-}
-
-TEST(RGBA, JSONNeedsAllFourChannels) {
-    const DecodingFailure failures[] = {
-        {R"({"red":1,"green":0,"blue":0})", DecodingError::Kind::keyNotFound, "alpha",
-         "No value associated with key \"alpha\"."},
-        {R"({"red":"1","green":0,"blue":0,"alpha":1})", DecodingError::Kind::typeMismatch, "red",
-         "Expected to decode Double but found a string instead."},
-        {R"("#FF0080")", DecodingError::Kind::typeMismatch, "",
-         "Expected to decode Dictionary<String, Any> but found a string instead."},
-    };
-    for (const DecodingFailure& failure : failures) expectRefused<RGBA>(failure);
-}
-
-TEST(RGBA, NonFiniteChannelsCannotBeWritten) {
     EXPECT_THROW((void)JSONWriter::write(encodeJSON(RGBA{NAN, 0, 0, 1})), EncodingError);
+    expectRefused<RGBA>({R"({"red":1,"green":0,"blue":0})", DecodingError::Kind::keyNotFound, "alpha",
+                         "No value associated with key \"alpha\"."});
 }
 
 TEST(PixelSize, JSONAndDescription) {
@@ -87,12 +59,8 @@ TEST(PixelSize, JSONAndDescription) {
     EXPECT_EQ(decodeJSON<PixelSize>(std::string_view(R"({"width":1920,"height":1080})")), size);
     EXPECT_EQ(size.description(), "1920 × 1080");
 
-    const DecodingFailure failures[] = {
-        {R"({"width":1920})", DecodingError::Kind::keyNotFound, "height", "No value associated with key \"height\"."},
-        {R"({"width":19.5,"height":1})", DecodingError::Kind::dataCorrupted, "width",
-         "Parsed JSON number <19.5> does not fit in Int."},
-    };
-    for (const DecodingFailure& failure : failures) expectRefused<PixelSize>(failure);
+    expectRefused<PixelSize>({R"({"width":19.5,"height":1})", DecodingError::Kind::dataCorrupted, "width",
+                              "Parsed JSON number <19.5> does not fit in Int."});
 }
 
 } // namespace
