@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <thread>
 
+#include "OvikPlatform/concurrency/TaskPool.h"
 #include "OvikQuickLook/QuickLookDraft.h"
 
 namespace ovik {
@@ -42,7 +42,7 @@ CGSize ThumbnailProvider::contextSize(PixelSize image, CGSize maximumSize) {
 }
 
 void ThumbnailProvider::provideThumbnail(const ThumbnailRequest& request, Handler handler) const {
-    std::thread([request, handler = std::move(handler)] {
+    TaskPool::shared().run([request, handler = std::move(handler)] {
         std::optional<ThumbnailReply> reply;
         std::exception_ptr error;
         try {
@@ -51,7 +51,7 @@ void ThumbnailProvider::provideThumbnail(const ThumbnailRequest& request, Handle
             error = std::current_exception();
         }
         handler(std::move(reply), error);
-    }).detach();
+    });
 }
 
 } // namespace ovik

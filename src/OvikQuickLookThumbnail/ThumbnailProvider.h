@@ -1,6 +1,6 @@
 #pragma once
-// The object a host makes. It answers each request exactly once, from a task of its own,
-// and returns at once.
+// The object a host makes. It answers each request exactly once, from a task on the shared
+// pool, and returns at once.
 #include <exception>
 #include <functional>
 #include <optional>
