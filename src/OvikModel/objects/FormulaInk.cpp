@@ -1,5 +1,7 @@
 #include "OvikModel/objects/FormulaInk.h"
 
+#include "OvikPlatform/TextTrim.h"
+
 #include <algorithm>
 #include <array>
 #include <cctype>
@@ -32,13 +34,6 @@ std::optional<std::uint32_t> colorNamed(std::string_view name) {
     return std::nullopt;
 }
 
-std::string_view trimmed(std::string_view text) {
-    constexpr std::string_view space = " \t\n\r\v\f";
-    const auto first = text.find_first_not_of(space);
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(space) - first + 1);
-}
-
 std::optional<std::uint32_t> parseHex(std::string_view digits) {
     std::string six(digits);
     if (six.size() == 3) six = {digits[0], digits[0], digits[1], digits[1], digits[2], digits[2]};
@@ -59,7 +54,7 @@ std::string lowercased(std::string_view text) {
 } // namespace
 
 std::optional<FormulaInk> FormulaInk::parse(std::string_view text) {
-    text = trimmed(text);
+    text = trimmingWhitespace(text);
     if (text.starts_with('#')) {
         if (auto value = parseHex(text.substr(1))) return FormulaInk{{}, hex{*value}};
         return std::nullopt;
@@ -85,7 +80,7 @@ FormulaInk JSONCoding<FormulaInk>::decode(JSONNode node, const CodingPath& path)
     const std::string text = JSONCoding<std::string>::decode(node, path);
     if (auto ink = FormulaInk::parse(text)) return std::move(*ink);
     throw DecodingError::dataCorrupted(path,
-                                       L10n::format("model.formula.error.unknownColor", {std::string(trimmed(text))}));
+                                       L10n::format("model.formula.error.unknownColor", {std::string(trimmingWhitespace(text))}));
 }
 
 } // namespace ovik

@@ -3,29 +3,10 @@
 #include <functional>
 
 #include "OvikModel/style/AnnotationTokens.h"
+#include "OvikPlatform/TextTrim.h"
 
 namespace ovik {
 namespace {
-
-// White space and line ends in UTF-8, which a token's name doesn't keep at either end. Whole
-// sequences are matched, and UTF-8 never starts or ends one inside another character.
-constexpr std::string_view spaces[] = {
-    " ",            "\t",           "\n",           "\r",           "\v",           "\f",
-    "\xC2\x85",     "\xC2\xA0",     "\xE1\x9A\x80", "\xE2\x80\x80", "\xE2\x80\x81", "\xE2\x80\x82",
-    "\xE2\x80\x83", "\xE2\x80\x84", "\xE2\x80\x85", "\xE2\x80\x86", "\xE2\x80\x87", "\xE2\x80\x88",
-    "\xE2\x80\x89", "\xE2\x80\x8A", "\xE2\x80\xA8", "\xE2\x80\xA9", "\xE2\x80\xAF", "\xE2\x81\x9F",
-    "\xE3\x80\x80"};
-
-std::string trimmed(std::string_view text) {
-    for (bool cut = true; cut;) {
-        cut = false;
-        for (std::string_view space : spaces) {
-            if (text.starts_with(space)) text.remove_prefix(space.size()), cut = true;
-            if (text.ends_with(space)) text.remove_suffix(space.size()), cut = true;
-        }
-    }
-    return std::string(text);
-}
 
 /// Runs `change` over a copy of the tree and keeps the copy only when something changed.
 bool rewriteNodes(Draft& draft, const std::function<void(std::vector<ObjectNode>&)>& change) {
@@ -140,7 +121,7 @@ Draft dropUnknownTokens(Draft draft) {
 }
 
 std::optional<Draft> setToken(const Draft& draft, TokenKind kind, std::string_view name, const TokenValue& value) {
-    const std::string key = trimmed(name);
+    const std::string key = std::string(trimmingWhitespace(name));
     if (key.empty() || !value.fits(kind)) return std::nullopt;
     Draft out = draft;
     if (!out.theme) out.theme = Theme{};
@@ -155,7 +136,7 @@ Draft removeToken(Draft draft, TokenKind kind, std::string_view name) {
 
 std::optional<Draft> renameToken(const Draft& draft, TokenKind kind, std::string_view name,
                                  std::string_view newName) {
-    const std::string key = trimmed(newName);
+    const std::string key = std::string(trimmingWhitespace(newName));
     Draft out = draft;
     if (key.empty() || !out.theme || !out.theme->rename(kind, name, key)) return std::nullopt;
     rewriteAllRefs(out, [&](TokenRefs& refs) {
