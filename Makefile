@@ -33,6 +33,9 @@ demo: build
 	@echo "--- a package whose kept renders are stale, and one that reaches outside itself:"
 	-$(OVIK) thumbnail $(EXAMPLES)/stale.ovikwork --size 256 --output out/stale-thumbnail.png
 	-$(OVIK) draft check $(EXAMPLES)/outside.ovikwork
+	@echo "--- the time map of a draft that changes speed, and one moment on its three clocks:"
+	$(OVIK) time $(EXAMPLES)/timed.ovikwork --table
+	$(OVIK) time $(EXAMPLES)/timed.ovikwork --output 2000000 --json
 	@echo "Thumbnails written to out/"
 
 test: build

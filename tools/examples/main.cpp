@@ -4,6 +4,8 @@
 //   stale.ovikwork    the same picture, but its kept thumbnails belong to an earlier edit
 //   outside.ovikwork  a draft whose media file leads outside the package: unreadable
 //   animation.ovikwork  an animation of a canvas and two objects, without kept renders
+//   timed.ovikwork    two canvas sections: the first eased from 1× to 2× with a hold, the second
+//                     coming in over a transition
 #include <cmath>
 #include <cstdio>
 #include <filesystem>
@@ -101,6 +103,34 @@ Draft animationDraft() {
     return draft;
 }
 
+// A transition whose outgoing section fades out over all of it.
+Transition fade(MediaDuration length) {
+    Transition transition;
+    transition.duration = length;
+    transition.outgoing.push_back(JSONValue(JSONValue::Object{
+        {"property", "opacity"},
+        {"mode", JSONValue(JSONValue::Object{{"to", JSONValue(JSONValue::Object{{"to", JSONValue(JSONValue::Object{{"number", 0}})}})}})},
+        {"curve", "linear"},
+        {"range", JSONValue(JSONValue::Object{{"opening", JSONValue(JSONValue::Object{{"length", length.microseconds}})}})}}));
+    return transition;
+}
+
+Draft timedDraft() {
+    Draft draft = animationDraft();
+    draft.id = fixedID<DraftID>(20);
+    Section eased = draft.sections[0];
+    eased.length = Section::Length::makeStill(MediaDuration::fromSeconds(4));
+    SectionSpeed speed = SectionSpeed::ramp(1, 2, MediaDuration::fromSeconds(2), ActionCurve{});
+    speed.holds.push_back({MediaDuration::fromSeconds(1), MediaDuration::fromMilliseconds(500)});
+    eased.speed = speed;
+    Section after = draft.sections[0];
+    after.id = fixedID<SectionID>(21);
+    after.length = Section::Length::makeStill(MediaDuration::fromSeconds(3));
+    after.transitionIn = fade(MediaDuration::fromMilliseconds(800));
+    draft.sections = CowList<Section>{eased, after};
+    return draft;
+}
+
 void writePackage(const fs::path& package, const Draft& draft) {
     fs::create_directories(package / "media");
     FileDraftStore::writeDraft(draft, package);
@@ -134,6 +164,7 @@ void makeExamples(const fs::path& out) {
     AtomicFile::write(shot, out / "screenshot.png");
 
     writePackage(out / "animation.ovikwork", animationDraft());
+    writePackage(out / "timed.ovikwork", timedDraft());
 }
 
 } // namespace

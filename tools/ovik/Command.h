@@ -12,5 +12,6 @@ void addTextCommand(CLI::App& app);
 void addDraftCommand(CLI::App& app);
 void addThumbnailCommand(CLI::App& app);
 void addKeyCommand(CLI::App& app);
+void addTimeCommand(CLI::App& app);
 
 } // namespace ovik::cli

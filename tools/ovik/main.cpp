@@ -16,6 +16,7 @@ int main(int argc, char** argv) {
     ovik::cli::addDraftCommand(app);
     ovik::cli::addThumbnailCommand(app);
     ovik::cli::addKeyCommand(app);
+    ovik::cli::addTimeCommand(app);
     try {
         app.parse(argc, argv);
     } catch (const CLI::CallForHelp& help) {

@@ -128,6 +128,15 @@ Section::Length decodeLength(JSONNode node, const CodingPath& path) {
 
 } // namespace
 
+std::vector<KeptStretch> Section::Length::stretches() const {
+    if (const auto* still = std::get_if<Length::still>(&cases)) {
+        KeptStretch whole;
+        whole.range = {SourceTime{}, SourceTime{} + still->value};
+        return {whole};
+    }
+    return as<kept>().value;
+}
+
 JSONValue JSONCoding<Section>::encode(const Section& section) {
     StoredSection stored{section};
     stored.speed = normalized(section.speed);

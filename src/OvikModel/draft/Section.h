@@ -32,6 +32,11 @@ struct Section {
         static Length makeKept(std::vector<KeptStretch> stretches) { return Length{{}, kept{std::move(stretches)}}; }
         static Length makeStill(MediaDuration duration) { return Length{{}, still{duration}}; }
 
+        /// The stretches that play: a still stands for one stretch over its duration.
+        std::vector<KeptStretch> stretches() const;
+        /// Real frames exist: the length was cut out of a recording.
+        bool isFramed() const { return is<kept>(); }
+
         bool operator==(const Length&) const = default;
     };
 

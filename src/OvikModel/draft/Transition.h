@@ -14,6 +14,10 @@ struct Transition {
     bool motionBlur = false;
     std::optional<JSONValue> pin; // pending: PinnedMoment
 
+    /// The transition made `length` long. Actions counted from its start or end are stretched by
+    /// the same factor; actions between fixed moments or over the whole are left alone.
+    Transition retimed(MediaDuration length) const;
+
     bool operator==(const Transition&) const = default;
     static constexpr auto jsonFields() {
         using T = Transition;

@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "OvikModel/objects/SpreadRecord.h"
+#include "OvikModel/time/Clock.h"
 #include "OvikModel/values/Identifier.h"
 
 namespace ovik {
@@ -13,7 +14,7 @@ struct ImageSource : Enumeration<ImageSource> {
     struct media {
         static constexpr std::string_view name = "media";
         MediaID id;
-        std::optional<JSONValue> clock; // pending: Clock; none is the plain clock
+        std::optional<Clock> clock; // none is the plain clock
         bool operator==(const media&) const = default;
         static constexpr auto jsonFields() {
             return std::tuple{required("media", &media::id), optional("clock", &media::clock)};

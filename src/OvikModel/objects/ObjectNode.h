@@ -20,6 +20,7 @@
 #include "OvikModel/objects/Timing.h"
 #include "OvikModel/objects/VectorSource.h"
 #include "OvikModel/style/TokenRefs.h"
+#include "OvikModel/time/Clock.h"
 #include "OvikModel/values/HeldIfSet.h"
 #include "OvikModel/values/Identifier.h"
 
@@ -73,7 +74,7 @@ struct ObjectNode {
     std::optional<StrokeProgress> strokeProgress;
     HeldIfSet<InkTexture> inkTexture;
     std::optional<JSONValue> effects; // pending: EffectStack; none is the empty stack
-    HeldIfSet<JSONValue> clock;       // pending: Clock
+    HeldIfSet<Clock> clock;
     bool depthSorted = false;
     HeldIfSet<JSONValue> backFace; // pending: BackFace
     HeldIfSet<TokenRefs> tokens;

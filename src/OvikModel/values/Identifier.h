@@ -2,6 +2,7 @@
 // Identifiers of the document: each kind is its own type over a UUID, so that one kind can't be
 // passed where another is expected. JSON form: the UUID's canonical upper-case text.
 #include <compare>
+#include <concepts>
 #include <functional>
 #include <string>
 
@@ -15,6 +16,12 @@ struct Identifier {
 
     /// A fresh identifier; for new things only, never for anything derived from a draft.
     static Identifier random() { return Identifier{UUID::random()}; }
+    /// The reserved id of all zero bytes, standing for the whole draft where a section is named.
+    static Identifier wholeDraft()
+        requires std::same_as<Kind, struct SectionIDKind>
+    {
+        return Identifier{};
+    }
 
     std::string description() const { return rawValue.uuidString(); }
     auto operator<=>(const Identifier&) const = default;

@@ -5,9 +5,9 @@
 namespace ovik {
 namespace time_detail {
 
-std::int64_t microsecondsFromSeconds(double seconds) {
-    if (!std::isfinite(seconds)) return 0;
-    const double count = std::round(seconds * 1e6);
+std::int64_t roundedCount(double real) {
+    if (!std::isfinite(real)) return 0;
+    const double count = std::round(real);
     // 2^63 is the first double beyond the range; every double below it converts exactly
     // (a product that overflowed to infinity lands in the checks as well).
     constexpr double limit = 9223372036854775808.0;

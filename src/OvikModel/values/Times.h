@@ -35,9 +35,11 @@ using OutputTime = TimeCount<OutputTimeKind>;
 using MediaDuration = TimeCount<MediaDurationKind>;
 
 namespace time_detail {
-/// Microseconds for a count of seconds, halves away from zero; non-finite gives zero and
-/// values beyond the 64-bit range saturate.
-std::int64_t microsecondsFromSeconds(double seconds);
+/// The nearest count, halves away from zero; non-finite gives zero and values beyond the
+/// 64-bit range saturate.
+std::int64_t roundedCount(double count);
+/// Microseconds for a count of seconds, rounded as `roundedCount`.
+inline std::int64_t microsecondsFromSeconds(double seconds) { return roundedCount(seconds * 1e6); }
 std::string description(std::string_view prefix, std::int64_t microseconds);
 
 constexpr std::int64_t saturated(bool positive) {
@@ -63,6 +65,8 @@ struct TimeCount {
 
     static constexpr TimeCount zero() { return TimeCount{}; }
     static TimeCount fromSeconds(double seconds) { return TimeCount{time_detail::microsecondsFromSeconds(seconds)}; }
+    /// The nearest whole count of microseconds to a real count.
+    static TimeCount rounded(double microseconds) { return TimeCount{time_detail::roundedCount(microseconds)}; }
     static constexpr TimeCount fromMilliseconds(std::int64_t milliseconds) {
         return TimeCount{time_detail::saturatingMultiply(milliseconds, 1000)};
     }

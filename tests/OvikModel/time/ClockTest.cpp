@@ -1,0 +1,196 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+#include "OvikL10n/L10n.h"
+#include "OvikModel/time/Clock.h"
+#include "OvikModel/values/DecodingFailure.h"
+
+namespace ovik {
+namespace {
+
+using Kind = DecodingError::Kind;
+using testing::expectRefused;
+
+constexpr auto none = std::nullopt;
+
+Clock made(double rate, ClockLoop loop, double offset = 0, bool bounce = false, bool hold = false) {
+    Clock clock;
+    clock.rate = rate;
+    clock.loop = loop;
+    clock.offset = MediaDuration::fromSeconds(offset);
+    clock.bounce = bounce;
+    clock.hold = hold;
+    return clock;
+}
+
+Clock frozenAt(double seconds) {
+    Clock clock;
+    clock.freeze = MediaDuration::fromSeconds(seconds);
+    return clock;
+}
+
+Clock curved(std::vector<ClockKey> keys, bool hold = false) {
+    Clock clock;
+    clock.curve = std::move(keys);
+    clock.hold = hold;
+    return clock;
+}
+
+const ClockLoop once = ClockLoop::makeCount(1);
+const ClockLoop forever = ClockLoop::makeForever();
+ClockLoop times(std::int64_t count) { return ClockLoop::makeCount(count); }
+
+TEST(Clock, OwnTimeFollowsRateLoopOffsetAndEnd) {
+    struct Case {
+        const char* what;
+        Clock clock;
+        double at;
+        std::optional<double> length;
+        double own;
+    };
+    const Case cases[] = {
+        {"plain within", Clock::plain(), 1.5, 4, 1.5},
+        {"plain on its end", Clock::plain(), 4, 4, 4},
+        {"plain past its end", Clock::plain(), 4.5, 4, 0},
+        {"before the start", Clock::plain(), -1, 4, 0},
+        {"hold past the end", made(1, once, 0, false, true), 10, 4, 4},
+        {"twice, second pass", made(1, times(2)), 5, 4, 1},
+        {"twice bouncing, second pass backward", made(1, times(2), 0, true), 5, 4, 3},
+        {"2 bouncing passes rest at start", made(1, times(2), 1, true, true), 20, 5, 1},
+        {"3 bouncing passes rest at the end", made(1, times(3), 1, true, true), 20, 5, 5},
+        {"2 bouncing passes, on the end", made(1, times(2), 1, true), 8, 5, 1},
+        {"2 bouncing passes, past the end", made(1, times(2), 1, true), 8.5, 5, 0},
+        {"freeze stands without hold", frozenAt(2), 10, 4, 2},
+        {"offset", made(1, once, 1), 2.5, 4, 3.5},
+        {"offset, before outer start", made(1, once, 1), -1, 4, 1},
+        {"offset, pass over", made(1, once, 1), 3.5, 4, 0},
+        {"offset at the length starts at 0", made(1, once, 4), 1, 4, 1},
+        {"offset past the length starts at 0", made(1, once, 5), 1, 4, 1},
+        {"rate", made(2, once), 1, 4, 2},
+        {"forever", made(1, forever), 9, 4, 1},
+        {"forever bouncing", made(1, forever, 0, true), 5, 4, 3},
+        {"no length: no end, loop ignored", made(2, times(3), 1), 10, none, 21},
+        {"one key, before it", curved({{3, 1.5}}), 0, 4, 1.5},
+        {"one key, on it", curved({{3, 1.5}}), 3, 4, 1.5},
+        {"one key, past it", curved({{3, 1.5}}), 4, 4, 0},
+        {"one key, past it, held", curved({{3, 1.5}}, true), 4, 4, 1.5},
+        {"curve between keys", curved({{0, 0}, {2, 4}, {4, 4}}), 1, none, 2},
+        {"curve limited to the length", curved({{0, 0}, {2, 4}, {4, 4}}), 1.5, 2.5, 2.5},
+        {"curve limited to 0", curved({{0, -3}, {2, 1}}), 0, none, 0},
+    };
+    for (const Case& c : cases) EXPECT_NEAR(c.clock.own(c.at, c.length), c.own, 1e-12) << c.what;
+}
+
+TEST(Clock, NaturalLengthIsWhatItPlaysOnItsOwn) {
+    Clock held = Clock::plain();
+    held.hold = true;
+    const std::tuple<const char*, Clock, std::optional<double>, double> cases[] = {
+        {"plain", Clock::plain(), 4, 4},
+        {"three passes at double rate from 1", made(2, times(3), 1), 4, 4.5},
+        {"offset past the length", made(1, times(2), 6), 4, 8},
+        {"count 0 plays once", made(1, times(0)), 4, 4},
+        {"no length", Clock::plain(), none, 0},
+        {"forever", made(1, forever), 4, 0},
+        {"hold", held, 4, 0},
+        {"freeze", frozenAt(1), 4, 0},
+        {"curve", curved({{0, 0}, {2.5, 1}}), 10, 2.5},
+    };
+    for (const auto& [what, clock, length, natural] : cases) EXPECT_DOUBLE_EQ(clock.natural(length), natural) << what;
+}
+
+TEST(Clock, RunsFollowStraightStretchesAndJumps) {
+    // Plays to its end at 2 s, then rests at 0: the fall makes a run of one step.
+    EXPECT_EQ(Clock::plain().runs(4, 2, 0.5), (std::vector<ClockRun>{{0, 2, 0, 2}, {2, 2.5, 2, 2}, {2.5, 4, 0, 0}}));
+    // A loop that wraps between samples: the step of the wrap plays on to the end.
+    const auto looped = made(1, forever).runs(1.5, 1.2, 0.5);
+    ASSERT_EQ(looped.size(), 2u);
+    EXPECT_EQ(looped[0], (ClockRun{0, 1, 0, 1}));
+    EXPECT_EQ(looped[1], (ClockRun{1, 1.5, 1, 1.2}));
+    // Without a length there is no end: one run.
+    EXPECT_EQ(made(2, once).runs(10, none, 0.5), (std::vector<ClockRun>{{0, 10, 0, 20}}));
+}
+
+TEST(Clock, RunsStopAtExactlyThreeThousand) {
+    // Wrapping every step of 1 s in a loop of 1.5 s: every step is a run of its own.
+    const Clock clock = made(1, forever);
+    for (const auto& [steps, runs] : {std::pair{2999, 2999u}, {3000, 3000u}, {3001, 3000u}})
+        EXPECT_EQ(clock.runs(steps, 1.5, 1).size(), runs) << steps;
+}
+
+TEST(Clock, RunsNeedAPositiveSpanAndStep) {
+    const double infinity = std::numeric_limits<double>::infinity();
+    const std::pair<double, double> refused[] = {{0, 1}, {-1, 1}, {infinity, 1},    {std::nan(""), 1},
+                                                 {4, 0}, {4, -1}, {4, std::nan("")}};
+    for (const auto& [over, step] : refused)
+        EXPECT_TRUE(Clock::plain().runs(over, 4, step).empty()) << over << " " << step;
+}
+
+TEST(Clock, ProblemTellsTheFirstFailure) {
+    L10n::LanguageOverride chinese("zh-Hans");
+    const char* rate = "时钟的速度要在 0.1 到 16 倍之间。";
+    const char* loop = "循环的次数要在 1 到 1000 之间；要一直循环，用“一直”。";
+    const char* times = "时间曲线的时刻都要是不负的秒数。";
+    Clock badEverything = made(0.05, ClockLoop::makeCount(0), -1);
+    badEverything.freeze = MediaDuration{-1};
+    Clock negativeFreeze = frozenAt(0);
+    negativeFreeze.freeze = MediaDuration{-1};
+    const std::tuple<const char*, Clock, std::optional<std::string>> cases[] = {
+        {"plain", Clock::plain(), none},
+        {"limits of rate and count", made(16, ClockLoop::makeCount(1000)), none},
+        {"slowest rate", made(0.1, forever), none},
+        {"everything wrong", badEverything, rate},
+        {"rate not a number", made(std::nan(""), once), rate},
+        {"too fast", made(16.01, once), rate},
+        {"no passes", made(1, ClockLoop::makeCount(0), -1), loop},
+        {"too many passes", made(1, ClockLoop::makeCount(1001)), loop},
+        {"negative offset", made(1, once, -0.5), "从哪开始不能是负的。"},
+        {"negative freeze", negativeFreeze, "定格的时刻不能是负的。"},
+        {"empty curve", curved({}), "时间曲线至少要有一个关键帧。"},
+        {"negative own before disorder", curved({{2, -1}, {1, 0}}), times},
+        {"time not a number", curved({{std::nan(""), 0}}), times},
+        {"repeated time", curved({{0, 0}, {1, 1}, {1, 2}}), "时间曲线的关键帧要按时间从早到晚排，不能重复。"},
+    };
+    for (const auto& [what, clock, problem] : cases) EXPECT_EQ(clock.problem(), problem) << what;
+}
+
+TEST(Clock, SummaryWordsTheSettingsInOrder) {
+    L10n::LanguageOverride chinese("zh-Hans");
+    EXPECT_EQ(Clock::plain().summary(), "1×");
+    Clock everything = made(1.5, times(3), 1.25, true, true);
+    everything.freeze = MediaDuration::fromSeconds(2);
+    everything.curve = std::vector<ClockKey>{{0, 0}};
+    EXPECT_EQ(everything.summary(), "1.5×、循环 3 次、从 1.25 秒开始、来回、停在结尾、2.00 秒定格、时间曲线");
+    EXPECT_EQ(made(0.5, forever).summary(), "0.5×、一直循环");
+}
+
+TEST(Clock, JSONLeavesDefaultsOutAndReadsLoops) {
+    const char* everything = R"({"bounce":true,"curve":[{"at":0,"own":1.5}],"freeze":2000000,)"
+                             R"("hold":true,"loop":2,"offset":500000,"rate":0.5})";
+    const std::pair<const char*, const char*> cases[] = {
+        {"{}", "{}"},
+        {R"({"rate":1,"loop":1,"offset":0,"bounce":false,"hold":false,"freeze":null})", "{}"},
+        {R"({"loop":"forever"})", R"({"loop":"forever"})"},
+        {R"({"loop":3})", R"({"loop":3})"},
+        {everything, everything},
+    };
+    for (const auto& [read, written] : cases)
+        EXPECT_EQ(encodeJSON(decodeJSON<Clock>(std::string_view(read))).compact(), written);
+    EXPECT_EQ(decodeJSON<Clock>(std::string_view(R"({"loop":"forever"})")).loop, ClockLoop::makeForever());
+}
+
+TEST(Clock, JSONRefusesLoopsThatAreNeitherCountNorForever) {
+    L10n::LanguageOverride chinese("zh-Hans");
+    const testing::DecodingFailure failures[] = {
+        {R"({"loop":"twice"})", Kind::dataCorrupted, "loop", "循环要是次数或 \"forever\"。"},
+        {R"({"loop":"Forever"})", Kind::dataCorrupted, "loop", "循环要是次数或 \"forever\"。"},
+        {R"({"loop":1.5})", Kind::dataCorrupted, "loop", "Parsed JSON number <1.5> does not fit in Int."},
+        {R"({"loop":true})", Kind::typeMismatch, "loop", "Expected to decode String but found a boolean instead."},
+        {R"({"curve":[{"at":1}]})", Kind::keyNotFound, "curve[0].own", "No value associated with key \"own\"."},
+    };
+    for (const auto& failure : failures) expectRefused<Clock>(failure);
+}
+
+} // namespace
+} // namespace ovik
