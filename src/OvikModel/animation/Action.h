@@ -1,0 +1,66 @@
+#pragma once
+// One property of one thing changing in one way, along one curve, over one stretch of time:
+// the unit of animation. JSON keys in order: "property" (the key's name, or
+// "effects[i].name" / "params.name" for an effect's or a generator's parameter), "keyframe"
+// (only when true), "mode", "curve", "range", then "scope" (only when not each), "stagger",
+// "shape", "by", "pins", "term", "into", "about", "axis", "pace", each only when present.
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "OvikModel/animation/ActionCurve.h"
+#include "OvikModel/animation/ActionMode.h"
+#include "OvikModel/animation/ActionOwn.h"
+#include "OvikModel/animation/ActionRange.h"
+#include "OvikModel/animation/EffectAddress.h"
+#include "OvikModel/animation/RevealShape.h"
+#include "OvikModel/scene/PropertyKey.h"
+#include "OvikModel/values/Identifier.h"
+#include "OvikPlatform/geometry/CGPoint.h"
+
+namespace ovik {
+
+/// For split or repeated objects: every part staggered, or all parts together.
+enum class ActionScope { each, whole };
+constexpr auto enumCases(ActionScope*) {
+    return EnumCases<ActionScope, 2>{"ActionScope", {{ActionScope::each, "each"}, {ActionScope::whole, "whole"}}};
+}
+/// Every part takes time in proportion to its length.
+enum class ActionPace { length };
+constexpr auto enumCases(ActionPace*) { return EnumCases<ActionPace, 1>{"ActionPace", {{ActionPace::length, "length"}}}; }
+
+struct Action {
+    PropertyKey property;
+    ActionMode mode;
+    ActionCurve curve;
+    ActionRange range;
+    bool isKeyframe = false;
+    ActionScope scope = ActionScope::each;
+    /// Between parts; none uses the split's interval.
+    std::optional<MediaDuration> stagger;
+    std::optional<RevealShape> shape;
+    /// A script's tag to find its own actions again; no effect on the picture.
+    std::optional<std::string> by;
+    std::optional<JSONValue> pins; // pending: MomentPins
+    /// One term of a formula: the action moves only that term.
+    std::optional<std::string> term;
+    /// The target of a `become` action.
+    std::optional<ObjectID> into;
+    /// The canvas point that stays put while a lens zooms.
+    std::optional<CGPoint> about;
+    /// Four-letter tag of a variable font axis.
+    std::optional<std::string> axis;
+    std::optional<EffectAddress> effect;
+    std::optional<std::string> param;
+    std::optional<ActionPace> pace;
+
+    bool operator==(const Action&) const = default;
+};
+
+template <>
+struct JSONCoding<Action> {
+    static JSONValue encode(const Action& action);
+    static Action decode(JSONNode node, const CodingPath& path);
+};
+
+} // namespace ovik

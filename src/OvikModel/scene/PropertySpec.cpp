@@ -1,0 +1,16 @@
+#include "OvikModel/scene/PropertySpec.h"
+
+#include <algorithm>
+
+#include "OvikL10n/L10n.h"
+
+namespace ovik {
+
+bool PropertySpec::standsOn(PropertyTargetKind kind) const {
+    return std::find(targets.begin(), targets.end(), kind) != targets.end();
+}
+
+std::string PropertySpec::title() const { return L10n::text(titleKey); }
+std::string PropertySpec::help() const { return L10n::text(helpKey); }
+
+} // namespace ovik
