@@ -8,6 +8,7 @@
 
 #include "OvikDrafts/FileDraftStore.h"
 #include "OvikModel/DraftJSON.h"
+#include "OvikModel/animation/Action.h"
 #include "OvikModel/keys/DraftRenderKey.h"
 #include "OvikModel/objects/AnnotationDefaults.h"
 #include "OvikPlatform/files/AtomicFile.h"
@@ -39,8 +40,8 @@ Draft syntheticDraft(int objectCount, bool withActions = true) {
     section.media = media.id;
     section.length = Section::Length::makeStill(MediaDuration{5000000});
     draft.sections = CowList<Section>{section};
-    const JSONValue action = JSONValue::parse(
-        R"({"curve":"easeInOut","duration":500000,"mode":{"to":{"opacity":0.25,"position":[120.5,80.25]}},"start":250000})");
+    const auto action = decodeJSON<Action>(std::string_view(
+        R"({"curve":"smooth","mode":{"to":{"to":{"number":0.25}}},"property":"opacity","range":{"opening":{"length":500000}}})"));
     std::vector<ObjectNode> nodes;
     for (int i = 0; i < objectCount; ++i) {
         ObjectNode node;

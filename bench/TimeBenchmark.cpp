@@ -23,6 +23,14 @@ ID numberedID(std::uint64_t n) {
     return ID{UUID(bytes)};
 }
 
+Action fadeOut() {
+    Action fade;
+    fade.property = PropertyKey::opacity();
+    fade.mode = ActionMode{{}, ActionMode::to{std::nullopt, ActionValue::makeNumber(0)}};
+    fade.range = ActionRange{{}, ActionRange::whole{}};
+    return fade;
+}
+
 // A recording section of three stretches at different rates and a freeze, eased from 1× to
 // 1.5× over its first second with a short hold; each comes in over a transition.
 Section retimedSection(std::uint64_t n, MediaID media) {
@@ -41,7 +49,7 @@ Section retimedSection(std::uint64_t n, MediaID media) {
     SectionSpeed speed = SectionSpeed::ramp(1, 1.5, MediaDuration{1'000'000}, std::nullopt);
     speed.holds.push_back({MediaDuration{1'500'000}, MediaDuration{200'000}});
     section.speed = speed;
-    if (n > 0) section.transitionIn = Transition{MediaDuration{300'000}, {JSONValue(JSONValue::Object{})}, {}, false, {}};
+    if (n > 0) section.transitionIn = Transition{MediaDuration{300'000}, {fadeOut()}, {}, false, {}};
     return section;
 }
 

@@ -12,6 +12,7 @@
 #include <string>
 
 #include "OvikDrafts/FileDraftStore.h"
+#include "OvikModel/animation/Action.h"
 #include "OvikModel/keys/DraftRenderKey.h"
 #include "OvikModel/objects/AnnotationDefaults.h"
 #include "OvikPlatform/codecs/PNGCodec.h"
@@ -107,11 +108,12 @@ Draft animationDraft() {
 Transition fade(MediaDuration length) {
     Transition transition;
     transition.duration = length;
-    transition.outgoing.push_back(JSONValue(JSONValue::Object{
-        {"property", "opacity"},
-        {"mode", JSONValue(JSONValue::Object{{"to", JSONValue(JSONValue::Object{{"to", JSONValue(JSONValue::Object{{"number", 0}})}})}})},
-        {"curve", "linear"},
-        {"range", JSONValue(JSONValue::Object{{"opening", JSONValue(JSONValue::Object{{"length", length.microseconds}})}})}}));
+    Action fadeOut;
+    fadeOut.property = PropertyKey::opacity();
+    fadeOut.mode.cases = ActionMode::to{std::nullopt, ActionValue::makeNumber(0)};
+    fadeOut.curve.cases = ActionCurve::linear{};
+    fadeOut.range.cases = ActionRange::opening{MediaDuration{}, length};
+    transition.outgoing.push_back(fadeOut);
     return transition;
 }
 

@@ -13,5 +13,8 @@ void addDraftCommand(CLI::App& app);
 void addThumbnailCommand(CLI::App& app);
 void addKeyCommand(CLI::App& app);
 void addTimeCommand(CLI::App& app);
+void addPropsCommand(CLI::App& app);
+void addPropertyCommands(CLI::App& app);
+void addStateCommand(CLI::App& app);
 
 } // namespace ovik::cli

@@ -17,6 +17,9 @@ int main(int argc, char** argv) {
     ovik::cli::addThumbnailCommand(app);
     ovik::cli::addKeyCommand(app);
     ovik::cli::addTimeCommand(app);
+    ovik::cli::addPropsCommand(app);
+    ovik::cli::addPropertyCommands(app);
+    ovik::cli::addStateCommand(app);
     try {
         app.parse(argc, argv);
     } catch (const CLI::CallForHelp& help) {

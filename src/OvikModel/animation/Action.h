@@ -1,9 +1,10 @@
 #pragma once
 // One property of one thing changing in one way, along one curve, over one stretch of time:
-// the unit of animation. JSON keys in order: "property" (the key's name, or
-// "effects[i].name" / "params.name" for an effect's or a generator's parameter), "keyframe"
-// (only when true), "mode", "curve", "range", then "scope" (only when not each), "stagger",
-// "shape", "by", "pins", "term", "into", "about", "axis", "pace", each only when present.
+// the unit of animation. JSON keys (written sorted, as every record's): "property" (the key's
+// name, or "effects[i].name" / "params.name" for an effect's or a generator's parameter),
+// "keyframe" (only when true), "mode", "curve", "range", then "scope" (only when not each),
+// "stagger", "shape", "by", "pins", "term", "into", "about", "axis", "pace", each only when
+// present. "property", "mode", "curve" and "range" are required.
 #include <optional>
 #include <string>
 #include <vector>
@@ -12,6 +13,7 @@
 #include "OvikModel/animation/ActionMode.h"
 #include "OvikModel/animation/ActionOwn.h"
 #include "OvikModel/animation/ActionRange.h"
+#include "OvikModel/animation/ActionSortKey.h"
 #include "OvikModel/animation/EffectAddress.h"
 #include "OvikModel/animation/RevealShape.h"
 #include "OvikModel/scene/PropertyKey.h"
@@ -53,6 +55,34 @@ struct Action {
     std::optional<EffectAddress> effect;
     std::optional<std::string> param;
     std::optional<ActionPace> pace;
+
+    /// The value of the property that has no effect: a generator parameter's or a font axis's
+    /// own value from `own`, else the property's fixed rest; none for a property that moves
+    /// but has no neutral value (a colour, a text), number 0 for one that doesn't move at all.
+    std::optional<ActionValue> rest(const ActionOwn& own) const;
+    /// The four-letter tag of the font axis this action moves, if it moves one.
+    std::optional<std::string> fontTag() const;
+    /// The axis tag is missing where needed, or set where it means nothing.
+    std::optional<std::string> axisProblem() const;
+    /// The fixed point of a zoom: finite, and on the lens only for a scale by positive factors.
+    std::optional<std::string> aboutProblem(bool onLens) const;
+    /// The first reason the action is invalid, as finished text.
+    std::optional<std::string> problem() const;
+    /// What orders actions for evaluation, independent of the order they were added in.
+    ActionSortKey sortKey() const;
+    /// A `between` action moved later by `by`; other ranges count from the object and stay.
+    Action shifted(MediaDuration by) const;
+
+    /// The kind of value a generator parameter takes under `mode`: that of its first value, or
+    /// a path for `alongPath`, which holds none.
+    static ActionValue::Kind paramKind(const ActionMode& mode);
+
+    /// Holds `value` over the whole life, on each part.
+    static Action holding(PropertyKey property, ActionValue value);
+    /// Holds the number `value` over the whole life, on all parts together.
+    static Action held(PropertyKey property, double value);
+    /// Turns into the object `into` along `curve` over `range`.
+    static Action become(ObjectID into, ActionRange range, ActionCurve curve);
 
     bool operator==(const Action&) const = default;
 };

@@ -4,6 +4,7 @@
 // {"continuous": {"rate": …}}, {"alongPath": {"path": …}}.
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "OvikModel/animation/ActionValue.h"
@@ -64,6 +65,8 @@ struct ActionMode : Enumeration<ActionMode> {
     Kind kind() const { return Kind(cases.index()); }
     /// The values the mode holds, in order: `from` if present and `to`; the amplitude; the rate.
     std::vector<ActionValue> values() const;
+    /// The display name of a kind, in the language in force.
+    static std::string title(Kind kind);
 
     bool operator==(const ActionMode&) const = default;
 };

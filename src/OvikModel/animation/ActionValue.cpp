@@ -8,13 +8,13 @@ namespace {
 
 bool finite(const CGPoint& point) { return std::isfinite(point.x) && std::isfinite(point.y); }
 
-bool finite(const BezierPath& path) {
+} // namespace
+
+bool ActionValue::isFinite(const BezierPath& path) {
     return std::all_of(path.anchors.begin(), path.anchors.end(), [](const PathAnchor& a) {
         return finite(a.point) && (!a.handleIn || finite(*a.handleIn)) && (!a.handleOut || finite(*a.handleOut));
     });
 }
-
-} // namespace
 
 bool ActionValue::isFinite() const {
     if (const auto* n = std::get_if<number>(&cases)) return std::isfinite(n->value);
@@ -22,7 +22,7 @@ bool ActionValue::isFinite() const {
     if (const auto* c = std::get_if<color>(&cases))
         return std::isfinite(c->value.red) && std::isfinite(c->value.green) && std::isfinite(c->value.blue) &&
                std::isfinite(c->value.alpha);
-    if (const auto* p = std::get_if<path>(&cases)) return finite(p->value);
+    if (const auto* p = std::get_if<path>(&cases)) return isFinite(p->value);
     return true;
 }
 

@@ -15,7 +15,9 @@ struct ActionValue : Enumeration<ActionValue> {
 
     struct number {
         static constexpr std::string_view name = "number";
-        double value = 0;
+        // No initializer: the first case of a variant declared in the same type must be
+        // default-constructible before that type is complete. The variant zeroes it.
+        double value;
         bool operator==(const number&) const = default;
     };
     struct vector {
@@ -51,6 +53,8 @@ struct ActionValue : Enumeration<ActionValue> {
     Kind kind() const { return Kind(cases.index()); }
     /// Every real in it is finite.
     bool isFinite() const;
+    /// Every point and handle of the path is finite.
+    static bool isFinite(const BezierPath& path);
 
     bool operator==(const ActionValue&) const = default;
 };

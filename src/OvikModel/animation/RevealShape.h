@@ -11,7 +11,9 @@ namespace ovik {
 struct RevealShape : Enumeration<RevealShape> {
     struct wipe {
         static constexpr std::string_view name = "wipe";
-        double angle = 0;
+        // No initializer: the first case of a variant declared in the same type must be
+        // default-constructible before that type is complete. The variant zeroes it.
+        double angle;
         bool operator==(const wipe&) const = default;
         static constexpr auto jsonFields() { return std::tuple{required("angle", &wipe::angle)}; }
     };

@@ -3,6 +3,7 @@
 #include <optional>
 #include <vector>
 
+#include "OvikModel/animation/Action.h"
 #include "OvikModel/draft/MediaSource.h"
 #include "OvikPlatform/json/JSONCoding.h"
 #include "OvikModel/objects/BlendMode.h"
@@ -31,7 +32,7 @@ struct Media {
     MediaSource source;
     std::optional<CGRect> crop;
     Placement placement;
-    std::vector<JSONValue> actions; // pending: Action
+    std::vector<Action> actions;
     bool motionBlur = false;
     std::optional<ClipShape> clip;
     std::optional<BlendMode> blend;

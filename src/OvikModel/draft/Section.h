@@ -7,6 +7,7 @@
 #include <variant>
 #include <vector>
 
+#include "OvikModel/animation/Action.h"
 #include "OvikModel/draft/KeptStretch.h"
 #include "OvikModel/draft/SectionSpeed.h"
 #include "OvikModel/draft/SectionSplit.h"
@@ -45,12 +46,12 @@ struct Section {
     MediaID media;
     Length length;
     std::optional<Transition> transitionIn;
-    std::vector<JSONValue> lens; // pending: Action
+    std::vector<Action> lens;
     std::optional<JSONValue> space; // pending: SpaceSettings
     std::optional<SectionSpeed> speed;
     std::optional<SectionSplit> split;
     std::optional<JSONValue> look; // pending: EffectStack
-    std::vector<JSONValue> lookActions; // pending: Action
+    std::vector<Action> lookActions;
 
     bool operator==(const Section&) const = default;
 };

@@ -1,24 +1,10 @@
 #include "OvikModel/draft/Transition.h"
 
-#include "OvikModel/animation/ActionRange.h"
-#include "OvikPlatform/json/DecodingError.h"
-
 namespace ovik {
 namespace {
 
-// Actions are still kept as their JSON: only the range is read and written back.
-JSONValue scaledAction(const JSONValue& action, double factor) {
-    const JSONValue* range = action.at("range");
-    if (!range) return action;
-    try {
-        return action.setting("range", encodeJSON(decodeJSON<ActionRange>(*range).scaled(factor)));
-    } catch (const DecodingError&) {
-        return action;
-    }
-}
-
-void scale(std::vector<JSONValue>& actions, double factor) {
-    for (JSONValue& action : actions) action = scaledAction(action, factor);
+void scale(std::vector<Action>& actions, double factor) {
+    for (Action& action : actions) action.range = action.range.scaled(factor);
 }
 
 } // namespace

@@ -3,14 +3,15 @@
 #include <optional>
 #include <vector>
 
+#include "OvikModel/animation/Action.h"
 #include "OvikModel/values/Times.h"
 
 namespace ovik {
 
 struct Transition {
     MediaDuration duration;
-    std::vector<JSONValue> outgoing; // pending: Action
-    std::vector<JSONValue> incoming; // pending: Action
+    std::vector<Action> outgoing;
+    std::vector<Action> incoming;
     bool motionBlur = false;
     std::optional<JSONValue> pin; // pending: PinnedMoment
 

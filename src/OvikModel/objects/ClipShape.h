@@ -5,6 +5,7 @@
 // that order, beside the clip's other keys.
 #include <vector>
 
+#include "OvikModel/animation/Action.h"
 #include "OvikModel/objects/BezierPath.h"
 #include "OvikModel/objects/ImageSource.h"
 
@@ -13,7 +14,7 @@ namespace ovik {
 struct ClipShapeFields {
     double feather = 0;
     bool isInverted = false;
-    std::vector<JSONValue> actions; // pending: Action
+    std::vector<Action> actions;
 
     bool operator==(const ClipShapeFields&) const = default;
     static constexpr auto jsonFields() {

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "OvikModel/animation/Action.h"
 #include "OvikModel/objects/Annotation.h"
 #include "OvikModel/objects/BlendMode.h"
 #include "OvikModel/objects/ClipShape.h"
@@ -61,7 +62,7 @@ struct ObjectNode {
     bool isLocked = false;
     ObjectContent content;
     std::optional<Timing> timing;
-    std::vector<JSONValue> actions; // pending: Action
+    std::vector<Action> actions;
     HeldIfSet<Modifiers> modifiers;
     HeldIfSet<PausedMotion> paused;
     bool motionBlur = false;

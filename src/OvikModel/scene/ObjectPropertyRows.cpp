@@ -1,5 +1,6 @@
 // The rows of objects: the node itself, the animatable core, each kind's own settings, and the
 // rows that lenses, fonts, materials, effects, generators, particles and solids add.
+#include "OvikModel/scene/PropertyField.h"
 #include "OvikModel/scene/PropertyRow.h"
 #include "OvikModel/scene/PropertyRows.h"
 
@@ -25,10 +26,10 @@ PropertyRow choiceRow(std::string_view sdk, std::vector<std::string> words) {
 }
 
 void nodeRows(std::vector<PropertySpec>& rows) {
-    rows.push_back(objectRow("name").typed(text, PropertyForm::text));
-    rows.push_back(onOff("hidden"));
-    rows.push_back(onOff("locked"));
-    rows.push_back(onOff("sourceOnly"));
+    rows.push_back(objectRow("name").typed(text, PropertyForm::text).access(nodeField(&ObjectNode::name)));
+    rows.push_back(onOff("hidden").access(nodeField(&ObjectNode::isHidden)));
+    rows.push_back(onOff("locked").access(nodeField(&ObjectNode::isLocked)));
+    rows.push_back(onOff("sourceOnly").access(nodeField(&ObjectNode::sourceOnly)));
     rows.push_back(objectRow("blend").typed(choice, PropertyForm::choice));
 }
 
@@ -94,7 +95,7 @@ void annotationRows(std::vector<PropertySpec>& rows) {
 void arrangementAndFaceRows(std::vector<PropertySpec>& rows) {
     rows.push_back(numberRow("arrangeAngle").typed(angle, PropertyForm::number).moving(PropertyMotion::add(PropertyDomain::arrange)));
     rows.push_back(numberRow("arrangeInterval").moving(PropertyMotion::add(PropertyDomain::arrange)));
-    rows.push_back(onOff("depthSorted"));
+    rows.push_back(onOff("depthSorted").access(nodeField(&ObjectNode::depthSorted)));
     rows.push_back(numberRow("backOpacity").ranged(0, 1).moving(PropertyMotion::times(PropertyDomain::back, PropertyClamp::unit)));
     PropertyMotion tint{PropertyComposition::blended, Kind::color, std::nullopt, PropertyDomain::back, PropertyClamp::none, {}};
     rows.push_back(colorRow("backTint").moving(tint));

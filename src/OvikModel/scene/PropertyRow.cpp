@@ -59,4 +59,14 @@ PropertyRow& PropertyRow::derived() {
     return *this;
 }
 
+PropertyRow& PropertyRow::access(std::shared_ptr<const ObjectAccess> access) {
+    spec_.objectAccess = std::move(access);
+    return *this;
+}
+
+PropertyRow& PropertyRow::access(std::shared_ptr<const SectionAccess> access) {
+    spec_.sectionAccess = std::move(access);
+    return *this;
+}
+
 } // namespace ovik

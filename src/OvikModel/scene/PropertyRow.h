@@ -22,6 +22,8 @@ public:
     PropertyRow& option(std::string_view option);
     PropertyRow& choices(std::vector<std::string> words);
     PropertyRow& derived();
+    PropertyRow& access(std::shared_ptr<const ObjectAccess> access);
+    PropertyRow& access(std::shared_ptr<const SectionAccess> access);
 
     operator PropertySpec() const { return spec_; }
 

@@ -3,11 +3,13 @@
 // table, looked up in the language in force), its value form and range, where it may stand,
 // whether it can be driven, and how actions compose on it.
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "OvikModel/scene/PropertyAccess.h"
 #include "OvikModel/scene/PropertyMotion.h"
 #include "OvikPlatform/Enumeration.h"
 
@@ -90,8 +92,13 @@ struct PropertySpec {
     std::optional<PropertyMotion> motion;
     /// Choice words, for a choice.
     std::vector<std::string> words;
+    /// How it is read and written on objects, or on the draft; neither for a row that only
+    /// actions move.
+    std::shared_ptr<const ObjectAccess> objectAccess;
+    std::shared_ptr<const SectionAccess> sectionAccess;
 
     bool isAnimatable() const { return motion.has_value(); }
+    bool writes() const { return objectAccess || sectionAccess; }
     bool standsOn(PropertyTargetKind kind) const;
     /// The title and help in the language in force.
     std::string title() const;

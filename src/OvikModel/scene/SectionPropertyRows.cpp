@@ -1,5 +1,6 @@
 // The rows of the draft's own settings: style, motion blur, cursor, zoom, camera, audio, keys,
 // screenshot animation and layout. Each stands on the draft.
+#include "OvikModel/scene/PropertyField.h"
 #include "OvikModel/scene/PropertyRow.h"
 #include "OvikModel/scene/PropertyRows.h"
 
@@ -18,28 +19,33 @@ struct Section {
     PropertyRow row(std::string_view sdk) const {
         return std::move(PropertyRow(group, prefix, sdk).on({PropertyTargetKind::draft}));
     }
-    void toggle(std::string_view sdk) const { rows.push_back(row(sdk).typed(flag, PropertyForm::toggle)); }
-    void number(std::string_view sdk, double lo, double hi) const {
-        rows.push_back(row(sdk).typed(PropertyValueType::number, PropertyForm::number).ranged(lo, hi));
+    using Access = std::shared_ptr<const SectionAccess>;
+    void toggle(std::string_view sdk, Access access = nullptr) const {
+        rows.push_back(row(sdk).typed(flag, PropertyForm::toggle).access(std::move(access)));
     }
-    void choice(std::string_view sdk, std::vector<std::string> words) const {
-        rows.push_back(row(sdk).choices(std::move(words)));
+    void number(std::string_view sdk, double lo, double hi, Access access = nullptr) const {
+        rows.push_back(row(sdk).typed(PropertyValueType::number, PropertyForm::number).ranged(lo, hi).access(std::move(access)));
     }
-    void color(std::string_view sdk) const { rows.push_back(row(sdk).typed(PropertyValueType::color, PropertyForm::color)); }
+    void choice(std::string_view sdk, std::vector<std::string> words, Access access = nullptr) const {
+        rows.push_back(row(sdk).choices(std::move(words)).access(std::move(access)));
+    }
+    void color(std::string_view sdk, PropertyForm form, Access access = nullptr) const {
+        rows.push_back(row(sdk).typed(PropertyValueType::color, form).access(std::move(access)));
+    }
 };
 
 void styleRows(std::vector<PropertySpec>& rows) {
     const Section style{G::style, "style.", rows};
     style.rows.push_back(style.row("background").typed(text, PropertyForm::text));
     style.rows.push_back(style.row("image").typed(image, PropertyForm::file));
-    style.number("backgroundBlur", 0, 100);
+    style.number("backgroundBlur", 0, 100, draftField(&Draft::style, &Style::backgroundBlur));
     style.choice("deviceFrame", {"none", "macBook", "iPhone", "browser"});
-    style.number("padding", 0, 400);
-    style.number("cornerRadius", 0, 200);
-    style.number("shadow", 0, 1);
+    style.number("padding", 0, 400, draftField(&Draft::style, &Style::padding));
+    style.number("cornerRadius", 0, 200, draftField(&Draft::style, &Style::cornerRadius));
+    style.number("shadow", 0, 1, draftField(&Draft::style, &Style::shadow));
     style.rows.push_back(style.row("aspect").typed(text, PropertyForm::text));
     style.rows.push_back(style.row("crop").typed(rect, PropertyForm::rectOrNone));
-    style.toggle("handDrawn");
+    style.toggle("handDrawn", draftField(&Draft::handDrawn));
     style.choice("newInk", {"none", "pencil", "marker", "crayon"});
     style.toggle("paused");
     style.choice("motionBlur", {"off", "natural", "strong", "on"});
@@ -49,38 +55,40 @@ void styleRows(std::vector<PropertySpec>& rows) {
 
 void captureRows(std::vector<PropertySpec>& rows) {
     const Section cursor{G::cursor, "cursor.", rows};
-    cursor.toggle("shown");
-    cursor.choice("look", {"arrow", "pointer", "dot"});
-    cursor.number("size", 0.5, 4);
-    cursor.number("smoothing", 0, 1);
-    cursor.choice("clickEffect", {"none", "ripple", "glow", "press"});
-    cursor.color("clickColor");
-    cursor.color("color");
-    cursor.toggle("turns");
-    cursor.toggle("hidesWhenIdle");
+    cursor.toggle("shown", draftField(&Draft::cursor, &CursorSettings::isShown));
+    cursor.choice("look", {"arrow", "pointer", "dot"}, draftField(&Draft::cursor, &CursorSettings::look));
+    cursor.number("size", 0.5, 4, draftField(&Draft::cursor, &CursorSettings::size));
+    cursor.number("smoothing", 0, 1, draftField(&Draft::cursor, &CursorSettings::smoothing));
+    cursor.choice("clickEffect", {"none", "ripple", "glow", "press"},
+                  draftField(&Draft::cursor, &CursorSettings::clickEffect));
+    cursor.color("clickColor", PropertyForm::colorOrNone, draftField(&Draft::cursor, &CursorSettings::clickColor));
+    cursor.color("color", PropertyForm::color, draftField(&Draft::cursor, &CursorSettings::pointerColor));
+    cursor.toggle("turns", draftField(&Draft::cursor, &CursorSettings::turnsWithMotion));
+    cursor.toggle("hidesWhenIdle", draftField(&Draft::cursor, &CursorSettings::hidesWhenIdle));
     cursor.toggle("paused");
     const Section zoom{G::zoomSettings, "zoom.settings.", rows};
-    zoom.toggle("auto");
-    zoom.number("factor", 1, 8);
-    zoom.choice("speed", {"slow", "medium", "fast"});
+    zoom.toggle("auto", draftField(&Draft::zoomSettings, &ZoomSettings::isAuto));
+    zoom.number("factor", 1, 8, draftField(&Draft::zoomSettings, &ZoomSettings::defaultFactor));
+    zoom.choice("speed", {"slow", "medium", "fast"}, draftField(&Draft::zoomSettings, &ZoomSettings::speed));
     const Section camera{G::camera, "camera.", rows};
-    camera.toggle("shown");
-    camera.choice("corner", {"topLeading", "topTrailing", "bottomLeading", "bottomTrailing"});
-    camera.choice("shape", {"circle", "roundedRect"});
-    camera.number("size", 0.05, 0.5);
-    camera.toggle("avoidsCursor");
-    camera.toggle("shrinksWhenZoomed");
+    camera.toggle("shown", draftField(&Draft::camera, &CameraOverlay::isShown));
+    camera.choice("corner", {"topLeading", "topTrailing", "bottomLeading", "bottomTrailing"},
+                  draftField(&Draft::camera, &CameraOverlay::corner));
+    camera.choice("shape", {"circle", "roundedRect"}, draftField(&Draft::camera, &CameraOverlay::shape));
+    camera.number("size", 0.05, 0.5, draftField(&Draft::camera, &CameraOverlay::size));
+    camera.toggle("avoidsCursor", draftField(&Draft::camera, &CameraOverlay::avoidsCursor));
+    camera.toggle("shrinksWhenZoomed", draftField(&Draft::camera, &CameraOverlay::shrinksWhenZoomed));
     const Section audio{G::audio, "audio.", rows};
     audio.number("volume", 0, 2);
     audio.toggle("muted");
     const Section keys{G::keys, "keys.", rows};
-    keys.toggle("typing");
+    keys.toggle("typing", draftField(&Draft::keys, &KeyOverlay::showsTyping));
     const Section animation{G::screenshotAnimation, "screenshot-animation.", rows};
     animation.toggle("animated");
     animation.rows.push_back(animation.row("duration").typed(number, PropertyForm::seconds).ranged(1, 30).unit("s"));
     const Section layout{G::layout, "layout.", rows};
-    layout.choice("mode", {"auto", "row", "column", "grid"});
-    layout.number("gap", 0, 400);
+    layout.choice("mode", {"auto", "row", "column", "grid"}, draftField(&Draft::layout, &StillLayout::mode));
+    layout.number("gap", 0, 400, draftField(&Draft::layout, &StillLayout::gap));
 }
 
 } // namespace

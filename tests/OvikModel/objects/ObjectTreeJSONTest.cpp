@@ -15,7 +15,9 @@ using Kind = DecodingError::Kind;
 
 // A tree that uses every annotation kind and every field of a node, in canonical form.
 constexpr std::string_view richTree =
-    R"([{"content":{"group":[{"actions":[{"kind":"fade"}],"blend":"multiply","clip":{"actions":[{"kind":"wipe"}],)"
+    R"([{"content":{"group":[{"actions":[{"curve":"linear","mode":{"to":{"to":{"number":0}}},"property":"opacity",)"
+    R"("range":"whole"}],"blend":"multiply","clip":{"actions":[{"curve":"smooth","keyframe":true,"mode":{"to":{"to":)"
+    R"({"vector":{"dx":4,"dy":0}}}},"property":"position","range":{"opening":{"length":500000}}}],)"
     R"("channel":"luma","feather":2,"isInverted":true,"picture":{"clock":{"rate":2},"media":"00000000-0000-0000-0000-00000000005A"}},)"
     R"("content":{"annotation":{"rectangle":{"corner":"capsule","fill":{"alpha":1,"blue":0,"green":0.25,"red":1},)"
     R"("fillGradient":{"angleDegrees":90,"to":{"alpha":0.5,"blue":1,"green":0,"red":0}},"frame":[[10,20],[300,)"

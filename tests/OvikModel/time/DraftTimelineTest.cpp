@@ -32,7 +32,7 @@ TEST(DraftTimeline, TransitionsAreLimitedAndLengthsAddUp) {
     ASSERT_TRUE(entries[1].transitionIn);
     EXPECT_EQ(entries[1].transitionIn->duration.microseconds, 1'000'000);
     // The transition's action is stretched with it.
-    EXPECT_EQ(entries[1].transitionIn->outgoing[0].at("range.opening.length")->compact(), "1000000");
+    EXPECT_EQ(entries[1].transitionIn->outgoing[0].range.as<ActionRange::opening>().length.microseconds, 1'000'000);
     EXPECT_EQ(entries[1].output, (OutputRange{out(3'000'000), out(5'000'000)}));
     EXPECT_FALSE(entries[2].transitionIn);
     EXPECT_EQ(entries[2].output.start, out(5'000'000));

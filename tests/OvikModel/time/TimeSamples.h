@@ -52,9 +52,12 @@ inline Section stillSection(std::uint8_t n, std::int64_t length) {
 inline Transition transition(std::int64_t duration, std::int64_t actionLength = 0) {
     Transition out;
     out.duration = MediaDuration{duration};
-    out.outgoing.push_back(decodeJSON<JSONValue>(std::string_view(
-        R"({"property":"opacity","mode":{"to":{"to":{"number":0}}},"curve":"linear","range":{"opening":{"length":)" +
-        std::to_string(actionLength) + "}}}")));
+    Action fade;
+    fade.property = PropertyKey::opacity();
+    fade.mode.cases = ActionMode::to{std::nullopt, ActionValue::makeNumber(0)};
+    fade.curve.cases = ActionCurve::linear{};
+    fade.range.cases = ActionRange::opening{MediaDuration{}, MediaDuration{actionLength}};
+    out.outgoing.push_back(fade);
     return out;
 }
 

@@ -1,0 +1,93 @@
+// Evaluating every object of a 2,000-object draft at one moment, against a plain loop that
+// only reads each object's stored values.
+#include <benchmark/benchmark.h>
+
+#include "OvikModel/Draft.h"
+#include "OvikModel/animation/DraftAppearance.h"
+#include "OvikModel/objects/AnnotationDefaults.h"
+
+namespace {
+
+using namespace ovik;
+
+template <class ID>
+ID numberedID(std::uint64_t n) {
+    UUID::Bytes bytes{};
+    for (int i = 0; i < 8; ++i) bytes[15 - i] = std::uint8_t(n >> (8 * i));
+    bytes[0] = 0xA0;
+    return ID{UUID(bytes)};
+}
+
+ActionCurve linear() { return ActionCurve{{}, ActionCurve::linear{}}; }
+
+// A fade in over its opening, a move between two moments, and a gentle swing.
+std::vector<Action> actionsFor(int i) {
+    Action fade;
+    fade.property = PropertyKey::opacity();
+    fade.mode = ActionMode{{}, ActionMode::to{ActionValue::makeNumber(0), ActionValue::makeNumber(1)}};
+    fade.curve = ActionCurve{};
+    fade.range = ActionRange{{}, ActionRange::opening{MediaDuration{}, MediaDuration{500'000}}};
+    Action move = fade;
+    move.property = PropertyKey::position();
+    move.mode = ActionMode{{}, ActionMode::to{std::nullopt, ActionValue::makeVector(40 + i % 7, -20)}};
+    move.curve = linear();
+    move.range = ActionRange{{}, ActionRange::between{SourceTime{1'000'000}, SourceTime{3'000'000}}};
+    Action swing = fade;
+    swing.property = PropertyKey::rotation();
+    swing.mode = ActionMode{{}, ActionMode::oscillate{ActionValue::makeNumber(5), 0.5, 0.1}};
+    swing.range = ActionRange{{}, ActionRange::whole{}};
+    return {fade, move, swing};
+}
+
+Draft animatedDraft(int objectCount) {
+    const AnnotationDefaults defaults = AnnotationDefaults::standard();
+    Canvas canvas;
+    canvas.pixelSize = PixelSize{1920, 1080};
+    Draft draft = Draft::newAnimation(canvas, MediaDuration{10'000'000}, Date{0}, numberedID<DraftID>(1), TimeZone{0});
+    std::vector<ObjectNode> nodes;
+    for (int i = 0; i < objectCount; ++i) {
+        ObjectNode node;
+        node.id = numberedID<ObjectID>(100 + std::uint64_t(i));
+        node.name = "对象 " + std::to_string(i);
+        node.content = ObjectContent::makeAnnotation(
+            defaults.rectangle(CGRect{{double(i % 40) * 30, double(i / 40) * 20}, {24, 16}}));
+        node.actions = actionsFor(i);
+        nodes.push_back(std::move(node));
+    }
+    draft.objects = CowList<ObjectNode>(std::move(nodes));
+    return draft;
+}
+
+const Draft& sample() {
+    static const Draft draft = animatedDraft(2000);
+    return draft;
+}
+
+// The floor: read each object's stored values and nothing more.
+void BaselineReadStored(benchmark::State& state) {
+    const Draft& draft = sample();
+    for (auto _ : state) {
+        double sum = 0;
+        for (const ObjectNode& node : draft.objects)
+            sum += double(node.isHidden) + double(node.actions.size()) + (node.opacity ? *node.opacity : 1.0) + double(node.name.size());
+        benchmark::DoNotOptimize(sum);
+    }
+    state.SetItemsProcessed(state.iterations() * std::int64_t(draft.objects.size()));
+}
+
+void EvaluateEveryObject(benchmark::State& state) {
+    const Draft& draft = sample();
+    const OutputTime moment{2'000'000};
+    for (auto _ : state) {
+        double sum = 0;
+        for (const ObjectNode& node : draft.objects)
+            if (const auto look = rawAppearance(draft, node, moment)) sum += look->opacity + look->offset.dx;
+        benchmark::DoNotOptimize(sum);
+    }
+    state.SetItemsProcessed(state.iterations() * std::int64_t(draft.objects.size()));
+}
+
+} // namespace
+
+BENCHMARK(BaselineReadStored);
+BENCHMARK(EvaluateEveryObject)->Unit(benchmark::kMillisecond);

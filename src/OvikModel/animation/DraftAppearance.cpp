@@ -1,0 +1,145 @@
+#include "OvikModel/animation/DraftAppearance.h"
+
+#include <algorithm>
+#include <memory>
+
+#include "OvikModel/Draft.h"
+#include "OvikModel/animation/ActionEvaluator.h"
+#include "OvikModel/time/DraftTiming.h"
+
+namespace ovik {
+namespace {
+
+// One range from the first start to the last end.
+std::optional<OutputRange> hull(const std::vector<OutputRange>& ranges) {
+    if (ranges.empty()) return std::nullopt;
+    OutputRange out = ranges.front();
+    for (const OutputRange& range : ranges) {
+        out.start = std::min(out.start, range.start);
+        out.end = std::max(out.end, range.end);
+    }
+    return out;
+}
+
+SourceTime sourceAt(const DraftTimeline::Entry& entry, OutputTime output) {
+    return entry.map.source(OutputTime{} + (output - entry.output.start));
+}
+
+// The section's clock at `now`. `timeline` must outlive the clock, unless `kept` holds it.
+ActionClock sectionClock(const DraftTimeline& timeline, const DraftTimeline::Entry& entry, OutputTime now,
+                         std::optional<OutputRange> life, std::shared_ptr<const DraftTimeline> kept = nullptr) {
+    const SectionID section = entry.section;
+    return ActionClock{now, sourceAt(entry, now), life,
+                       [&timeline, section, kept](const SourceRange& range) {
+                           return hull(timeline.outputRanges(range, section));
+                       },
+                       [&entry, kept](OutputTime output) { return sourceAt(entry, output); }};
+}
+
+SourceRange sourceSpan(const TimeMap& map) {
+    const auto& kept = map.keptRanges();
+    if (kept.empty()) return SourceRange{};
+    SourceRange out = kept.front();
+    for (const SourceRange& range : kept) {
+        out.start = std::min(out.start, range.start);
+        out.end = std::max(out.end, range.end);
+    }
+    return out;
+}
+
+// An object belongs to its section, a spanning one to the whole draft; one that names no
+// section belongs to the section on screen.
+const DraftTimeline::Entry* entryOf(const DraftTimeline& timeline, const ObjectNode& node, OutputTime time) {
+    if (node.span) return timeline.entry(SectionID::wholeDraft());
+    if (node.section) return timeline.entry(*node.section);
+    const auto index = timeline.entryIndex(time);
+    return index ? &timeline.entries()[*index] : nullptr;
+}
+
+struct Placement {
+    std::optional<OutputRange> life;
+    bool shown = false;
+};
+
+Placement placement(const DraftTimeline& timeline, const DraftTimeline::Entry& entry, const ObjectNode& node,
+                    OutputTime time) {
+    if (!node.timing) {
+        const OutputRange life = entry.output;
+        return {life, life.start <= time && (time < life.end || time == timeline.end())};
+    }
+    const SourceRange span = sourceSpan(entry.map);
+    const SourceRange range{std::max(node.timing->start, span.start), std::min(node.timing->end.value_or(span.end), span.end)};
+    const auto life = hull(timeline.outputRanges(range, entry.section));
+    return {life, life && entry.output.contains(time) && range.contains(sourceAt(entry, time))};
+}
+
+// Objects that animate by themselves count their age from their appearing.
+double ageOf(const ObjectNode& node, const std::optional<OutputRange>& life, OutputTime time) {
+    const Annotation* annotation = node.annotation();
+    if (!life || !annotation || annotation->kind() != AnnotationKind::generator) return 0;
+    return (time - life->start).seconds();
+}
+
+struct Placed {
+    ObjectMotion motion;
+    double age = 0;
+    bool shown = false;
+};
+
+// Strokes of shapes, lines and paths draw along their length; any other outline fades in.
+bool drawsOutline(const ObjectNode& node) {
+    const Annotation* annotation = node.annotation();
+    if (!annotation) return false;
+    switch (annotation->kind()) {
+    case AnnotationKind::rectangle:
+    case AnnotationKind::ellipse:
+    case AnnotationKind::arrow:
+    case AnnotationKind::line:
+    case AnnotationKind::pen:
+    case AnnotationKind::path: return true;
+    default: return false;
+    }
+}
+
+std::optional<Placed> placed(const Draft& draft, const ObjectNode& node, OutputTime time) {
+    const bool outlineFades = !drawsOutline(node);
+    if (!draft.isTimed()) return Placed{ObjectMotion{node, std::nullopt, outlineFades}, 0, true};
+    const std::shared_ptr<const DraftTimeline> timeline = ovik::timeline(draft);
+    if (!timeline) return std::nullopt;
+    const DraftTimeline::Entry* entry = entryOf(*timeline, node, time);
+    if (!entry) return std::nullopt;
+    const Placement place = placement(*timeline, *entry, node, time);
+    ActionClock clock = sectionClock(*timeline, *entry, time, place.life, timeline);
+    return Placed{ObjectMotion{node, std::move(clock), outlineFades}, ageOf(node, place.life, time), place.shown};
+}
+
+} // namespace
+
+std::optional<ObjectMotion> rawMotion(const Draft& draft, const ObjectNode& node, OutputTime time, bool away) {
+    auto found = placed(draft, node, time);
+    if (!found || (!found->shown && !away)) return std::nullopt;
+    return std::move(found->motion);
+}
+
+std::optional<ObjectAppearance> rawAppearance(const Draft& draft, const ObjectNode& node, OutputTime time) {
+    const auto found = placed(draft, node, time);
+    if (!found || !found->shown) return std::nullopt;
+    return found->motion.appearance().aged(found->age);
+}
+
+ActionState timelineState(const DraftTimeline& timeline, const std::vector<Action>& actions, SectionID section,
+                          OutputTime output, SourceTime source) {
+    if (actions.empty()) return ActionState::rest();
+    const DraftTimeline::Entry* entry = timeline.entry(section);
+    if (!entry) return ActionEvaluator::state(actions, ActionClock::still(source), false, std::nullopt, ActionOwn::none());
+    ActionClock clock = sectionClock(timeline, *entry, output, entry->output);
+    clock.time = source;
+    return ActionEvaluator::state(actions, clock, false, std::nullopt, ActionOwn::none());
+}
+
+ActionState mediaState(const DraftTimeline& timeline, const Media& media, SectionID section, OutputTime output,
+                       SourceTime source) {
+    return timelineState(timeline, media.actions, section, output, source);
+}
+
+} // namespace ovik
