@@ -3,7 +3,8 @@
 //   kept.ovikwork     a screenshot draft whose kept thumbnails match its render key
 //   stale.ovikwork    the same picture, but its kept thumbnails belong to an earlier edit
 //   outside.ovikwork  a draft whose media file leads outside the package: unreadable
-//   animation.ovikwork  an animation of a canvas and two objects, without kept renders
+//   animation.ovikwork  an animation of a canvas and two objects, without kept renders: the
+//                     text fades in over its first half second, the ellipse moves from 1 s to 3 s
 //   timed.ovikwork    two canvas sections: the first eased from 1× to 2× with a hold, the second
 //                     coming in over a transition
 #include <cmath>
@@ -69,6 +70,16 @@ ObjectNode leaf(int n, std::string name, Annotation annotation) {
     return node;
 }
 
+// An action that moves `property` from one value to another at an even pace.
+Action linearAction(PropertyKey property, ActionValue from, ActionValue to, ActionRange range) {
+    Action action;
+    action.property = property;
+    action.mode.cases = ActionMode::to{std::move(from), std::move(to)};
+    action.curve.cases = ActionCurve::linear{};
+    action.range = std::move(range);
+    return action;
+}
+
 Draft screenshotDraft(const std::string& imagePath) {
     const AnnotationDefaults defaults = AnnotationDefaults::standard();
     Draft draft;
@@ -99,8 +110,13 @@ Draft animationDraft() {
     draft.media.mutableItems()[0].id = fixedID<MediaID>(11);
     draft.sections.mutableItems()[0].id = fixedID<SectionID>(12);
     draft.sections.mutableItems()[0].media = fixedID<MediaID>(11);
-    draft.objects = CowList<ObjectNode>{leaf(13, "文字 1", defaults.text(CGPoint{160, 160}, "Ovik")),
-                                        leaf(14, "椭圆 1", defaults.ellipse(CGRect{{700, 300}, {520, 520}}))};
+    ObjectNode text = leaf(13, "文字 1", defaults.text(CGPoint{160, 160}, "Ovik"));
+    text.actions = {linearAction(PropertyKey::opacity(), ActionValue::makeNumber(0), ActionValue::makeNumber(1),
+                                 ActionRange{{}, ActionRange::opening{MediaDuration{}, MediaDuration{500'000}}})};
+    ObjectNode ellipse = leaf(14, "椭圆 1", defaults.ellipse(CGRect{{700, 300}, {520, 520}}));
+    ellipse.actions = {linearAction(PropertyKey::position(), ActionValue::makeVector(0, 0), ActionValue::makeVector(400, 0),
+                                    ActionRange{{}, ActionRange::between{SourceTime{1'000'000}, SourceTime{3'000'000}}})};
+    draft.objects = CowList<ObjectNode>{text, ellipse};
     return draft;
 }
 
@@ -108,11 +124,9 @@ Draft animationDraft() {
 Transition fade(MediaDuration length) {
     Transition transition;
     transition.duration = length;
-    Action fadeOut;
-    fadeOut.property = PropertyKey::opacity();
+    Action fadeOut = linearAction(PropertyKey::opacity(), ActionValue::makeNumber(1), ActionValue::makeNumber(0),
+                                  ActionRange{{}, ActionRange::opening{MediaDuration{}, length}});
     fadeOut.mode.cases = ActionMode::to{std::nullopt, ActionValue::makeNumber(0)};
-    fadeOut.curve.cases = ActionCurve::linear{};
-    fadeOut.range.cases = ActionRange::opening{MediaDuration{}, length};
     transition.outgoing.push_back(fadeOut);
     return transition;
 }
