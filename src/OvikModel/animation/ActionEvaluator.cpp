@@ -1,6 +1,7 @@
 #include "OvikModel/animation/ActionEvaluator.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdlib>
 #include <map>
@@ -307,12 +308,15 @@ std::optional<Contribution> moveContribution(const Action& action, const Phase& 
 }
 
 // Without a term, an object's own motion skips what is meant for one term of a formula.
-std::vector<Action> ofTerm(const std::vector<Action>& actions, const std::optional<std::string>& term) {
+// The actions of one term (none given: those of no term, when any has one), in sort order.
+// Evaluation works on pointers into the caller's list: nothing is copied per frame.
+std::vector<const Action*> orderedOfTerm(const std::vector<Action>& actions, const std::optional<std::string>& term) {
     const bool anyTerm = std::any_of(actions.begin(), actions.end(), [](const Action& a) { return a.term.has_value(); });
-    if (!term && !anyTerm) return actions;
-    std::vector<Action> out;
-    std::copy_if(actions.begin(), actions.end(), std::back_inserter(out), [&](const Action& a) { return a.term == term; });
-    return out;
+    std::vector<const Action*> out;
+    out.reserve(actions.size());
+    for (const Action& action : actions)
+        if ((!term && !anyTerm) || action.term == term) out.push_back(&action);
+    return ActionEvaluator::ordered(std::move(out));
 }
 
 bool isBetweenTo(const Action& action) {
@@ -326,30 +330,76 @@ std::optional<SourceTime> startOf(const Action& action) {
 
 } // namespace
 
-std::vector<Action> ActionEvaluator::ordered(std::vector<Action> actions) {
+namespace {
+
+// The first numbers of an action's sort key: range kind and moments, property rank, mode kind.
+// They decide most comparisons without building the whole key.
+struct SortPrefix {
+    std::array<double, 5> numbers{};
+    std::size_t count = 0;
+
+    explicit SortPrefix(const Action& action) {
+        const auto add = [this](double x) { numbers[count++] = x; };
+        if (const auto* o = std::get_if<ActionRange::opening>(&action.range.cases)) {
+            add(0), add(double(o->delay.microseconds)), add(double(o->length.microseconds));
+        } else if (const auto* c = std::get_if<ActionRange::closing>(&action.range.cases)) {
+            add(1), add(double(c->advance.microseconds)), add(double(c->length.microseconds));
+        } else if (const auto* b = std::get_if<ActionRange::between>(&action.range.cases)) {
+            add(3), add(double(b->start.microseconds)), add(double(b->end.microseconds));
+        } else {
+            add(2);
+        }
+        add(double(action.property.slot().rank));
+        add(double(action.mode.cases.index()));
+    }
+    bool operator==(const SortPrefix& other) const {
+        return std::equal(numbers.begin(), numbers.begin() + std::ptrdiff_t(count), other.numbers.begin(),
+                          other.numbers.begin() + std::ptrdiff_t(other.count));
+    }
+    bool operator<(const SortPrefix& other) const {
+        return std::lexicographical_compare(numbers.begin(), numbers.begin() + std::ptrdiff_t(count),
+                                            other.numbers.begin(), other.numbers.begin() + std::ptrdiff_t(other.count));
+    }
+};
+
+} // namespace
+
+std::vector<const Action*> ActionEvaluator::ordered(std::vector<const Action*> actions) {
     if (actions.size() < 2) return actions;
-    std::vector<std::pair<ActionSortKey, std::size_t>> keys;
-    keys.reserve(actions.size());
-    for (std::size_t i = 0; i < actions.size(); ++i) keys.emplace_back(actions[i].sortKey(), i);
-    std::stable_sort(keys.begin(), keys.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
-    std::vector<Action> out;
-    out.reserve(actions.size());
-    for (const auto& key : keys) out.push_back(std::move(actions[key.second]));
-    return out;
+    // Whole keys are built only for actions whose prefixes tie, once each.
+    struct Entry {
+        const Action* action;
+        SortPrefix prefix;
+        mutable std::optional<ActionSortKey> key;
+        const ActionSortKey& whole() const {
+            if (!key) key = action->sortKey();
+            return *key;
+        }
+    };
+    std::vector<Entry> entries;
+    entries.reserve(actions.size());
+    for (const Action* action : actions) entries.push_back({action, SortPrefix(*action), std::nullopt});
+    std::stable_sort(entries.begin(), entries.end(), [](const Entry& a, const Entry& b) {
+        if (!(a.prefix == b.prefix)) return a.prefix < b.prefix;
+        return a.whole() < b.whole();
+    });
+    for (std::size_t i = 0; i < entries.size(); ++i) actions[i] = entries[i].action;
+    return actions;
 }
 
-double ActionEvaluator::reach(const std::vector<Action>& actions) {
+double ActionEvaluator::reach(const std::vector<const Action*>& actions) {
     MediaDuration entrance, exit;
-    for (const Action& action : actions) {
-        if (const auto* o = std::get_if<ActionRange::opening>(&action.range.cases))
+    for (const Action* action : actions) {
+        if (const auto* o = std::get_if<ActionRange::opening>(&action->range.cases))
             entrance = std::max(entrance, o->delay + o->length);
-        if (const auto* c = std::get_if<ActionRange::closing>(&action.range.cases))
+        if (const auto* c = std::get_if<ActionRange::closing>(&action->range.cases))
             exit = std::max(exit, c->advance + c->length);
     }
     return seconds(entrance) + seconds(exit);
 }
 
-std::optional<double> ActionEvaluator::squeeze(const std::vector<Action>& actions, const std::optional<OutputRange>& life) {
+std::optional<double> ActionEvaluator::squeeze(const std::vector<const Action*>& actions,
+                                               const std::optional<OutputRange>& life) {
     if (!life) return std::nullopt;
     const double d = seconds(life->duration());
     const double r = reach(actions);
@@ -392,27 +442,27 @@ std::optional<ActionEvaluator::Contribution> ActionEvaluator::contribution(const
 ActionState ActionEvaluator::state(const std::vector<Action>& actions, const ActionClock& clock, bool outlineFades,
                                    const std::optional<std::string>& term, const ActionOwn& own) {
     if (actions.empty()) return ActionState::rest();
-    const std::vector<Action> sorted = ordered(ofTerm(actions, term));
+    const std::vector<const Action*> sorted = orderedOfTerm(actions, term);
     if (sorted.empty()) return ActionState::rest();
     const auto k = squeeze(sorted, clock.life);
     Accumulator accumulator{ActionState::rest(), outlineFades, own};
     std::map<RowKey, Rows> rows;
-    for (const Action& action : sorted) {
-        if (isBetweenTo(action)) {
-            rows[RowKey(action)].take(action, own);
+    for (const Action* action : sorted) {
+        if (isBetweenTo(*action)) {
+            rows[RowKey(*action)].take(*action, own);
             continue;
         }
-        const auto at = phase(action, clock, k);
+        const auto at = phase(*action, clock, k);
         if (!at) continue;
-        if (const auto given = contribution(action, *at, own)) accumulator.add(*given, action);
+        if (const auto given = contribution(*action, *at, own)) accumulator.add(*given, *action);
     }
     for (const auto& [key, row] : rows) {
         for (std::size_t i = 0; i < row.tracks.size(); ++i) {
             const Track& track = row.tracks[i];
             // A track that jumps away waits for its own start.
-            if (i > 0 && startOf(track.actions.front()) > clock.time) continue;
+            if (i > 0 && startOf(*track.actions.front()) > clock.time) continue;
             if (auto reached = track.value(clock.time, own))
-                accumulator.add(Contribution{Contribution::Kind::track, std::move(*reached)}, track.actions.front());
+                accumulator.add(Contribution{Contribution::Kind::track, std::move(*reached)}, *track.actions.front());
         }
     }
     return std::move(accumulator).result();
@@ -421,17 +471,19 @@ ActionState ActionEvaluator::state(const std::vector<Action>& actions, const Act
 ActionState ActionEvaluator::stateOfTransition(const std::vector<Action>& actions, double progress, MediaDuration length) {
     if (actions.empty()) return ActionState::rest();
     const MediaDuration elapsed = MediaDuration::rounded(progress * double(length.microseconds));
-    const std::vector<Action> sorted = ordered(actions);
+    std::vector<const Action*> pointers;
+    for (const Action& action : actions) pointers.push_back(&action);
+    const std::vector<const Action*> sorted = ordered(std::move(pointers));
     // The transition stands for the life: opening and closing count against its length.
     const OutputRange life{OutputTime{}, OutputTime{} + length};
     const ActionClock clock{OutputTime{} + elapsed, SourceTime{elapsed.microseconds}, life, {}, {}};
     const auto k = squeeze(sorted, life);
     Accumulator accumulator{ActionState::rest(), false, ActionOwn::none()};
-    for (const Action& action : sorted) {
-        const bool counted = action.range.is<ActionRange::opening>() || action.range.is<ActionRange::closing>();
-        const auto at = counted ? phase(action, clock, k) : wholePhase(seconds(elapsed), seconds(length), progress);
+    for (const Action* action : sorted) {
+        const bool counted = action->range.is<ActionRange::opening>() || action->range.is<ActionRange::closing>();
+        const auto at = counted ? phase(*action, clock, k) : wholePhase(seconds(elapsed), seconds(length), progress);
         if (!at) continue;
-        if (const auto given = contribution(action, *at, ActionOwn::none())) accumulator.add(*given, action);
+        if (const auto given = contribution(*action, *at, ActionOwn::none())) accumulator.add(*given, *action);
     }
     return std::move(accumulator).result();
 }

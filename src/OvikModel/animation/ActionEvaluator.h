@@ -71,11 +71,11 @@ struct ActionEvaluator {
     static std::optional<std::string> counting(const std::string& from, const std::string& to, double t);
 
     /// Sorted by `sortKey`, stably, so that the order actions were added in doesn't matter.
-    static std::vector<Action> ordered(std::vector<Action> actions);
+    static std::vector<const Action*> ordered(std::vector<const Action*> actions);
     /// The longest entrance and the longest exit, summed, in seconds.
-    static double reach(const std::vector<Action>& actions);
+    static double reach(const std::vector<const Action*>& actions);
     /// The factor that shortens entrance and exit to fit a short life; none when they fit.
-    static std::optional<double> squeeze(const std::vector<Action>& actions, const std::optional<OutputRange>& life);
+    static std::optional<double> squeeze(const std::vector<const Action*>& actions, const std::optional<OutputRange>& life);
     /// None when the range needs a film moment or a life that the clock lacks.
     static std::optional<Phase> phase(const Action& action, const ActionClock& clock, std::optional<double> squeeze);
 

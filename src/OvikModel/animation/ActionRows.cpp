@@ -36,26 +36,27 @@ ActionEvaluator::RowKey::RowKey(const Action& action)
 
 std::optional<ActionValue> ActionEvaluator::Track::value(SourceTime time, const ActionOwn& own) const {
     if (actions.empty()) return std::nullopt;
-    const Action& first = actions.front();
+    const Action& first = *actions.front();
     // Keyframe rows are evaluated as keyframes, which are not built yet: such a row gives nothing.
     if (first.isKeyframe) return std::nullopt;
     const auto* firstRange = betweenOf(first);
     if (!firstRange || firstRange->start > time) return start(first, own, std::nullopt);
     std::optional<ActionValue> running;
     for (std::size_t i = 0; i < actions.size(); ++i) {
-        const auto* range = betweenOf(actions[i]);
-        const auto* mode = toOf(actions[i]);
-        const auto* next = i + 1 < actions.size() ? betweenOf(actions[i + 1]) : nullptr;
+        const Action& action = *actions[i];
+        const auto* range = betweenOf(action);
+        const auto* mode = toOf(action);
+        const auto* next = i + 1 < actions.size() ? betweenOf(*actions[i + 1]) : nullptr;
         if (range && mode) {
             const SourceTime stop = next ? std::min(time, next->start) : time;
-            const ActionValue from = start(actions[i], own, running);
+            const ActionValue from = start(action, own, running);
             if (stop >= range->end) {
                 running = mode->to;
             } else if (stop <= range->start) {
                 running = from;
             } else {
-                const double u = ease(actions[i].curve, (stop - range->start).seconds() / (range->end - range->start).seconds());
-                running = stepped(actions[i], from, mode->to, u);
+                const double u = ease(action.curve, (stop - range->start).seconds() / (range->end - range->start).seconds());
+                running = stepped(action, from, mode->to, u);
             }
         }
         if (!next || next->start > time) break;
@@ -69,13 +70,13 @@ void ActionEvaluator::Rows::take(const Action& action, const ActionOwn& own) {
     if (!tracks.empty() && !tracks[current].actions.empty() && mode && range && !action.isKeyframe && mode->from) {
         const auto reached = tracks[current].value(range->start, own);
         if (reached && !same(*reached, *mode->from)) {
-            tracks.push_back(Track{{action}});
+            tracks.push_back(Track{{&action}});
             current = tracks.size() - 1;
             return;
         }
     }
     if (tracks.empty()) tracks.emplace_back();
-    tracks[current].actions.push_back(action);
+    tracks[current].actions.push_back(&action);
 }
 
 bool ActionEvaluator::Rows::same(const ActionValue& a, const ActionValue& b) {

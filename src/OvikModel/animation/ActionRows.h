@@ -24,7 +24,8 @@ struct ActionEvaluator::RowKey {
 };
 
 struct ActionEvaluator::Track {
-    std::vector<Action> actions;
+    /// Actions of the list being evaluated, which outlives the track.
+    std::vector<const Action*> actions;
 
     /// The row's value at source moment `time`; none for a track without actions.
     std::optional<ActionValue> value(SourceTime time, const ActionOwn& own) const;

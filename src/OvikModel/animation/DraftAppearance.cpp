@@ -103,14 +103,14 @@ bool drawsOutline(const ObjectNode& node) {
 
 std::optional<Placed> placed(const Draft& draft, const ObjectNode& node, OutputTime time) {
     const bool outlineFades = !drawsOutline(node);
-    if (!draft.isTimed()) return Placed{ObjectMotion{node, std::nullopt, outlineFades}, 0, true};
+    if (!draft.isTimed()) return Placed{ObjectMotion{&node, std::nullopt, outlineFades}, 0, true};
     const std::shared_ptr<const DraftTimeline> timeline = ovik::timeline(draft);
     if (!timeline) return std::nullopt;
     const DraftTimeline::Entry* entry = entryOf(*timeline, node, time);
     if (!entry) return std::nullopt;
     const Placement place = placement(*timeline, *entry, node, time);
     ActionClock clock = sectionClock(*timeline, *entry, time, place.life, timeline);
-    return Placed{ObjectMotion{node, std::move(clock), outlineFades}, ageOf(node, place.life, time), place.shown};
+    return Placed{ObjectMotion{&node, std::move(clock), outlineFades}, ageOf(node, place.life, time), place.shown};
 }
 
 } // namespace

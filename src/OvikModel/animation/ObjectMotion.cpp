@@ -21,14 +21,14 @@ ActionState ObjectMotion::own(const std::vector<Action>& actions, std::optional<
 
 ActionState ObjectMotion::whole() const {
     std::vector<Action> together;
-    std::copy_if(node.actions.begin(), node.actions.end(), std::back_inserter(together),
+    std::copy_if(node->actions.begin(), node->actions.end(), std::back_inserter(together),
                  [](const Action& action) { return action.scope == ActionScope::whole; });
     return own(together, clock ? clock->now : std::nullopt);
 }
 
 ObjectAppearance ObjectMotion::appearance() const {
-    if (!clock || node.actions.empty()) return ObjectAppearance::full();
-    return ObjectAppearance(own(node.actions, clock->now), !outlineFades);
+    if (!clock || node->actions.empty()) return ObjectAppearance::full();
+    return ObjectAppearance(own(node->actions, clock->now), !outlineFades);
 }
 
 } // namespace ovik

@@ -11,7 +11,8 @@
 namespace ovik {
 
 struct ObjectMotion {
-    ObjectNode node;
+    /// The node in its draft, which outlives the motion.
+    const ObjectNode* node = nullptr;
     /// None for a still that is not rendered in time.
     std::optional<ActionClock> clock;
     /// The object's outline cannot draw progressively, so drawing it fades the object instead.

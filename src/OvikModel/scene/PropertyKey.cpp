@@ -52,7 +52,7 @@ PropertyKey fixed(std::string_view name) {
 } // namespace
 
 const PropertySpec& PropertyKey::spec() const { return PropertyTable::specs()[id]; }
-const PropertySlot& PropertyKey::slot() const { return PropertyTable::slots()[id]; }
+const PropertySlot* PropertyKey::slotTable() { return PropertyTable::slots().data(); }
 
 std::optional<PropertyKey> PropertyKey::named(std::string_view name) { return find(byName(), name); }
 std::optional<PropertyKey> PropertyKey::action(std::string_view name) { return find(animatableByName(), name); }

@@ -17,7 +17,11 @@ struct PropertyKey {
 
     /// The row of this key, and what evaluation needs of it.
     const PropertySpec& spec() const;
-    const PropertySlot& slot() const;
+    /// Read per action per frame: one look-up in a table made once.
+    const PropertySlot& slot() const {
+        static const PropertySlot* const table = slotTable();
+        return table[id];
+    }
     const std::string& name() const { return spec().name; }
 
     /// A row by its dotted name.
@@ -76,6 +80,9 @@ struct PropertyKey {
     static PropertyKey cursorPoint();
 
     auto operator<=>(const PropertyKey&) const = default;
+
+private:
+    static const PropertySlot* slotTable();
 };
 
 template <>

@@ -15,12 +15,33 @@ using Kind = ActionEvaluator::Phase::Kind;
 TEST(ActionEvaluator, EntranceAndExitLongerThanTheLifePlayAtHalfLength) {
     const std::vector<Action> fades = {action(PropertyKey::opacity(), toNumber(1, 0), opening(0, 1)),
                                        action(PropertyKey::opacity(), toNumber(0), closing(0, 1))};
-    EXPECT_DOUBLE_EQ(ActionEvaluator::squeeze(fades, clockAt(0, 0, 1).life).value_or(-1), 0.5);
+    const std::vector<const Action*> both = {&fades[0], &fades[1]};
+    EXPECT_DOUBLE_EQ(ActionEvaluator::squeeze(both, clockAt(0, 0, 1).life).value_or(-1), 0.5);
     EXPECT_NEAR(evaluate(fades, clockAt(0.25, 0, 1))[PropertyKey::opacity()], 0.5, 1e-12);
     EXPECT_NEAR(evaluate(fades, clockAt(0.75, 0, 1))[PropertyKey::opacity()], 0.5, 1e-12);
     // With room for both, neither is shortened.
-    EXPECT_FALSE(ActionEvaluator::squeeze(fades, clockAt(0, 0, 10).life));
+    EXPECT_FALSE(ActionEvaluator::squeeze(both, clockAt(0, 0, 10).life));
     EXPECT_NEAR(evaluate(fades, clockAt(0.25, 0, 10))[PropertyKey::opacity()], 0.25, 1e-12);
+}
+
+// Ordering decides most pairs by the first numbers of their keys; it must agree with the
+// whole keys everywhere, ties included.
+TEST(ActionEvaluator, OrderingAgreesWithWholeSortKeys) {
+    std::vector<Action> pool;
+    for (const PropertyKey key : {PropertyKey::opacity(), PropertyKey::rotation(), PropertyKey::color()})
+        for (const ActionRange& range : {opening(0, 1), opening(0.5, 1), whole(), between(1, 2), closing(0, 1)})
+            for (const double to : {0.0, 1.0}) pool.push_back(action(key, toNumber(to), range));
+    pool.push_back(action(PropertyKey::opacity(), toNumber(1), whole(), ActionCurve{})); // differs past the prefix
+    std::mt19937 random(11);
+    for (int round = 0; round < 20; ++round) {
+        std::shuffle(pool.begin(), pool.end(), random);
+        std::vector<const Action*> pointers;
+        for (const Action& each : pool) pointers.push_back(&each);
+        std::vector<const Action*> expected = pointers;
+        std::stable_sort(expected.begin(), expected.end(),
+                         [](const Action* a, const Action* b) { return a->sortKey() < b->sortKey(); });
+        EXPECT_EQ(ActionEvaluator::ordered(pointers), expected);
+    }
 }
 
 TEST(ActionEvaluator, OpeningOfNoLengthJumpsAtItsDelay) {
