@@ -36,6 +36,8 @@ demo: build
 	@echo "--- the time map of a draft that changes speed, and one moment on its three clocks:"
 	$(OVIK) time $(EXAMPLES)/timed.ovikwork --table
 	$(OVIK) time $(EXAMPLES)/timed.ovikwork --output 2000000 --json
+	@echo "--- an object of the animation sample halfway through its fade:"
+	$(OVIK) state $(EXAMPLES)/animation.ovikwork "文字 1" --at 250000 --json
 	@echo "Thumbnails written to out/"
 
 test: build
