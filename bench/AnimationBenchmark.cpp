@@ -2,6 +2,8 @@
 // only reads each object's stored values.
 #include <benchmark/benchmark.h>
 
+#include "NumberedID.h"
+
 #include "OvikModel/Draft.h"
 #include "OvikModel/animation/DraftAppearance.h"
 #include "OvikModel/objects/AnnotationDefaults.h"
@@ -12,10 +14,7 @@ using namespace ovik;
 
 template <class ID>
 ID numberedID(std::uint64_t n) {
-    UUID::Bytes bytes{};
-    for (int i = 0; i < 8; ++i) bytes[15 - i] = std::uint8_t(n >> (8 * i));
-    bytes[0] = 0xA0;
-    return ID{UUID(bytes)};
+    return bench::numberedID<ID>(n, 0xA0);
 }
 
 ActionCurve linear() { return ActionCurve{{}, ActionCurve::linear{}}; }

@@ -4,6 +4,8 @@
 // first and last tenth, which differ only if mapping keeps state between calls.
 #include <benchmark/benchmark.h>
 
+#include "NumberedID.h"
+
 #include <algorithm>
 #include <chrono>
 #include <random>
@@ -17,10 +19,7 @@ using namespace ovik;
 
 template <class ID>
 ID numberedID(std::uint64_t n) {
-    UUID::Bytes bytes{};
-    for (int i = 0; i < 8; ++i) bytes[15 - i] = std::uint8_t(n >> (8 * i));
-    bytes[0] = 0xB0;
-    return ID{UUID(bytes)};
+    return bench::numberedID<ID>(n, 0xB0);
 }
 
 Action fadeOut() {

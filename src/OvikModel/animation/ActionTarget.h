@@ -7,16 +7,9 @@
 namespace ovik {
 
 struct ActionTarget : Enumeration<ActionTarget> {
-    struct object {
-        static constexpr std::string_view name = "object";
-        ObjectID value;
-        bool operator==(const object&) const = default;
-    };
-    struct media {
-        static constexpr std::string_view name = "media";
-        MediaID value;
-        bool operator==(const media&) const = default;
-    };
+    // The same cases as a clip's owner.
+    using object = ClipTarget::object;
+    using media = ClipTarget::media;
     /// The transition into `section`.
     struct transition {
         static constexpr std::string_view name = "transition";
