@@ -57,7 +57,8 @@ void ActionEvaluator::Accumulator::add(const Contribution& contribution, const A
         return;
     }
     if (action.param) return addParam(contribution, *action.param);
-    if (const auto tag = action.fontTag()) {
+    if (const auto tag = action.property.slot().store.kind == PropertyStore::Kind::fontAxis ? action.fontTag()
+                                                                                           : std::nullopt) {
         const auto rest = own.fontAxes.find(*tag);
         const bool isNumber = numberOf(contribution.value).has_value();
         const double shift = contribution.kind == Kind::offset || !isNumber

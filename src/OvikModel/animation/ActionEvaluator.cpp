@@ -379,10 +379,17 @@ std::vector<const Action*> ActionEvaluator::ordered(std::vector<const Action*> a
     std::vector<Entry> entries;
     entries.reserve(actions.size());
     for (const Action* action : actions) entries.push_back({action, SortPrefix(*action), std::nullopt});
-    std::stable_sort(entries.begin(), entries.end(), [](const Entry& a, const Entry& b) {
+    const auto before = [](const Entry& a, const Entry& b) {
         if (!(a.prefix == b.prefix)) return a.prefix < b.prefix;
         return a.whole() < b.whole();
-    });
+    };
+    // Lists are short: an insertion sort is stable and needs no buffer.
+    if (entries.size() <= 16) {
+        for (std::size_t i = 1; i < entries.size(); ++i)
+            for (std::size_t j = i; j > 0 && before(entries[j], entries[j - 1]); --j) std::swap(entries[j], entries[j - 1]);
+    } else {
+        std::stable_sort(entries.begin(), entries.end(), before);
+    }
     for (std::size_t i = 0; i < entries.size(); ++i) actions[i] = entries[i].action;
     return actions;
 }

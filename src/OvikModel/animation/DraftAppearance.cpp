@@ -28,12 +28,18 @@ SourceTime sourceAt(const DraftTimeline::Entry& entry, OutputTime output) {
 // The section's clock at `now`. `timeline` must outlive the clock, unless `kept` holds it.
 ActionClock sectionClock(const DraftTimeline& timeline, const DraftTimeline::Entry& entry, OutputTime now,
                          std::optional<OutputRange> life, std::shared_ptr<const DraftTimeline> kept = nullptr) {
-    const SectionID section = entry.section;
-    return ActionClock{now, sourceAt(entry, now), life,
-                       [&timeline, section, kept](const SourceRange& range) {
-                           return hull(timeline.outputRanges(range, section));
-                       },
-                       [&entry, kept](OutputTime output) { return sourceAt(entry, output); }};
+    ActionClock clock{now, sourceAt(entry, now), life, {}, {}};
+    if (kept) {
+        clock.span = [&entry, kept](const SourceRange& range) { return hull(kept->outputRanges(range, entry.section)); };
+        clock.source = [&entry, kept](OutputTime output) { return sourceAt(entry, output); };
+    } else {
+        // Two references fit in the function's own storage: no allocation per evaluation.
+        clock.span = [&timeline, &entry](const SourceRange& range) {
+            return hull(timeline.outputRanges(range, entry.section));
+        };
+        clock.source = [&entry](OutputTime output) { return sourceAt(entry, output); };
+    }
+    return clock;
 }
 
 SourceRange sourceSpan(const TimeMap& map) {
@@ -101,30 +107,35 @@ bool drawsOutline(const ObjectNode& node) {
     }
 }
 
-std::optional<Placed> placed(const Draft& draft, const ObjectNode& node, OutputTime time) {
+// The object on its section's clock at `time`. With `keeps`, the clock holds the timeline so
+// that the motion may outlive the caller's hold on it.
+std::optional<Placed> placed(const Draft& draft, const std::shared_ptr<const DraftTimeline>& timeline,
+                             const ObjectNode& node, OutputTime time, bool keeps) {
     const bool outlineFades = !drawsOutline(node);
     if (!draft.isTimed()) return Placed{ObjectMotion{&node, std::nullopt, outlineFades}, 0, true};
-    const std::shared_ptr<const DraftTimeline> timeline = ovik::timeline(draft);
     if (!timeline) return std::nullopt;
     const DraftTimeline::Entry* entry = entryOf(*timeline, node, time);
     if (!entry) return std::nullopt;
     const Placement place = placement(*timeline, *entry, node, time);
-    ActionClock clock = sectionClock(*timeline, *entry, time, place.life, timeline);
+    ActionClock clock = sectionClock(*timeline, *entry, time, place.life, keeps ? timeline : nullptr);
     return Placed{ObjectMotion{&node, std::move(clock), outlineFades}, ageOf(node, place.life, time), place.shown};
 }
 
 } // namespace
 
 std::optional<ObjectMotion> rawMotion(const Draft& draft, const ObjectNode& node, OutputTime time, bool away) {
-    auto found = placed(draft, node, time);
+    auto found = placed(draft, timeline(draft), node, time, true);
     if (!found || (!found->shown && !away)) return std::nullopt;
     return std::move(found->motion);
 }
 
 std::optional<ObjectAppearance> rawAppearance(const Draft& draft, const ObjectNode& node, OutputTime time) {
-    const auto found = placed(draft, node, time);
+    const std::shared_ptr<const DraftTimeline> line = timeline(draft); // held for the call
+    const auto found = placed(draft, line, node, time, false);
     if (!found || !found->shown) return std::nullopt;
-    return found->motion.appearance().aged(found->age);
+    ObjectAppearance look = found->motion.appearance();
+    look.age = found->age;
+    return look;
 }
 
 ActionState timelineState(const DraftTimeline& timeline, const std::vector<Action>& actions, SectionID section,

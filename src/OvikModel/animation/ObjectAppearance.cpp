@@ -39,10 +39,4 @@ bool ObjectAppearance::isPlain() const {
     return stretchX == 1 && stretchY == 1 && skew == 0 && rotation == 0 && blur <= 0 && !color;
 }
 
-ObjectAppearance ObjectAppearance::aged(std::optional<double> seconds) const {
-    ObjectAppearance out = *this;
-    out.age = seconds;
-    return out;
-}
-
 } // namespace ovik

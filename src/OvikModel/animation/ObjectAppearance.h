@@ -47,7 +47,6 @@ struct ObjectAppearance {
     bool isFull() const { return *this == full(); }
     /// No stretch, skew, rotation, blur or colour.
     bool isPlain() const;
-    ObjectAppearance aged(std::optional<double> seconds) const;
 
     bool operator==(const ObjectAppearance&) const = default;
 };

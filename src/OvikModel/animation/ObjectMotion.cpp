@@ -14,9 +14,10 @@ ActionState ObjectMotion::state(const std::vector<Action>& actions) const {
 
 ActionState ObjectMotion::own(const std::vector<Action>& actions, std::optional<OutputTime> output) const {
     if (!clock || actions.empty()) return ActionState::rest();
-    const ActionClock moved = output ? clock->at(*output) : *clock;
     // The node's own font axes and generator parameters are not modelled yet: nothing of its own.
-    return ActionEvaluator::state(actions, moved, outlineFades, std::nullopt, ActionOwn::none());
+    if (!output || !clock->now || *output == *clock->now)
+        return ActionEvaluator::state(actions, *clock, outlineFades, std::nullopt, ActionOwn::none());
+    return ActionEvaluator::state(actions, clock->at(*output), outlineFades, std::nullopt, ActionOwn::none());
 }
 
 ActionState ObjectMotion::whole() const {
