@@ -4,6 +4,7 @@
 
 #include "OvikL10n/L10n.h"
 #include "OvikModel/objects/ObjectWalks.h"
+#include "OvikModel/scene/AnnotationAccess.h"
 #include "OvikModel/scene/PropertyError.h"
 #include "OvikModel/scene/PropertyValue.h"
 
@@ -45,7 +46,7 @@ std::vector<ObjectID> reached(const Draft& draft, const ObjectNode& target, cons
     });
     if (out.empty())
         refuse("model.property.path.unsupportedKind",
-               {L10n::format("model.property.quotedName", {target.name}), spec.title(), std::string()});
+               {L10n::format("model.property.quotedName", {target.name}), spec.title(), kindsHavingIt(access)});
     return out;
 }
 

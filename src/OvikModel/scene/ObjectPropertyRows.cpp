@@ -1,6 +1,7 @@
 // The rows of objects: the node itself, the animatable core, each kind's own settings, and the
 // rows that lenses, fonts, materials, effects, generators, particles and solids add.
-#include "OvikModel/scene/PropertyField.h"
+#include "OvikModel/scene/AnnotationAccess.h"
+#include "OvikModel/scene/NodeAccess.h"
 #include "OvikModel/scene/PropertyRow.h"
 #include "OvikModel/scene/PropertyRows.h"
 
@@ -10,6 +11,7 @@ namespace {
 using enum PropertyValueType;
 using Target = PropertyTargetKind;
 using Kind = ActionValue::Kind;
+using A = AnnotationKind;
 
 PropertyRow objectRow(std::string_view sdk) {
     return std::move(PropertyRow(PropertyGroup::object, "", sdk).on({Target::object}));
@@ -64,32 +66,43 @@ void motionCoreRows(std::vector<PropertySpec>& rows) {
 }
 
 void annotationRows(std::vector<PropertySpec>& rows) {
-    rows.push_back(onOff("fill"));
-    rows.push_back(colorRow("fillColor"));
-    rows.push_back(choiceRow("pattern", {"solid", "dashed", "dotted", "sketch"}));
-    rows.push_back(choiceRow("body", {"standard", "tapered", "slim"}));
-    rows.push_back(choiceRow("heads", {"none", "end", "both"}));
-    rows.push_back(choiceRow("corner", {"sharp", "rounded", "capsule"}));
-    rows.push_back(onOff("halo"));
-    rows.push_back(objectRow("through").typed(flag, PropertyForm::toggle));
-    rows.push_back(numberRow("size").unit("pt"));
-    rows.push_back(choiceRow("alignment", {"leading", "center", "trailing"}));
-    rows.push_back(colorRow("background"));
-    rows.push_back(choiceRow("mode", {"blur", "mosaic", "solid"}));
-    rows.push_back(numberRow("strength"));
-    rows.push_back(choiceRow("shape", {"rectangle", "ellipse"}));
-    rows.push_back(numberRow("zoom"));
+    rows.push_back(onOff("fill").access(fillAccess()));
+    rows.push_back(colorRow("fillColor").access(fillColorAccess()));
+    rows.push_back(choiceRow("pattern", {"solid", "dashed", "dotted", "sketch"})
+                       .access(annotationField({A::rectangle, A::ellipse, A::arrow, A::line, A::pen, A::path}, &ShapeAnnotationFields::pattern,
+                                               &LineAnnotation::pattern, &PenAnnotation::pattern,
+                                               &PathAnnotationFields::pattern)));
+    rows.push_back(choiceRow("body", {"standard", "tapered", "slim"}).access(annotationField({A::arrow, A::line}, &LineAnnotation::body)));
+    rows.push_back(choiceRow("heads", {"none", "end", "both"}).access(annotationField({A::arrow, A::line}, &LineAnnotation::heads)));
+    rows.push_back(choiceRow("corner", {"sharp", "rounded", "capsule"})
+                       .access(annotationField({A::rectangle}, &ShapeAnnotationFields::corner)));
+    rows.push_back(onOff("halo").access(annotationField({A::rectangle, A::ellipse, A::arrow, A::line, A::pen, A::path},
+                                                        &ShapeAnnotationFields::hasHalo, &LineAnnotation::hasHalo,
+                                                        &PenAnnotation::hasHalo, &PathAnnotationFields::hasHalo)));
+    rows.push_back(objectRow("through").typed(flag, PropertyForm::toggle).access(throughAccess()));
+    rows.push_back(numberRow("size").unit("pt").access(sizeAccess()));
+    rows.push_back(choiceRow("alignment", {"leading", "center", "trailing"})
+                       .access(annotationField({A::text}, &TextAnnotation::alignment)));
+    rows.push_back(colorRow("background").access(annotationField({A::text}, &TextAnnotation::background)));
+    rows.push_back(choiceRow("mode", {"blur", "mosaic", "solid"}).access(annotationField({A::redact}, &RedactAnnotation::mode)));
+    rows.push_back(numberRow("strength").ranged(0, 1).access(annotationField({A::redact}, &RedactAnnotation::strength)));
+    rows.push_back(choiceRow("shape", {"rectangle", "ellipse"})
+                       .access(annotationField({A::spotlight, A::magnifier}, &SpotlightAnnotation::shape, &MagnifierAnnotation::shape)));
+    rows.push_back(numberRow("zoom").ranged(1, 10).access(annotationField({A::magnifier}, &MagnifierAnnotation::zoom)));
     rows.push_back(objectRow("source").typed(image));
-    rows.push_back(numberRow("dim").ranged(0, 1));
-    rows.push_back(onOff("gradient"));
-    rows.push_back(colorRow("gradientFrom"));
-    rows.push_back(colorRow("gradientTo"));
-    rows.push_back(numberRow("gradientAngle").typed(angle, PropertyForm::number).moving(PropertyMotion::add(PropertyDomain::gradient)));
-    rows.push_back(choiceRow("ink", {"none", "pencil", "marker", "crayon"}));
-    rows.push_back(numberRow("inkAmount").ranged(0, 1));
-    rows.push_back(numberRow("inkGrain").ranged(0, 1));
-    rows.push_back(numberRow("inkSeed"));
-    rows.push_back(numberRow("inkCell"));
+    rows.push_back(numberRow("dim").ranged(0, 1).access(annotationField({A::spotlight}, &SpotlightAnnotation::dim)));
+    rows.push_back(onOff("gradient").access(gradientAccess()));
+    rows.push_back(colorRow("gradientFrom").access(gradientColorAccess(false)));
+    rows.push_back(colorRow("gradientTo").access(gradientColorAccess(true)));
+    rows.push_back(numberRow("gradientAngle")
+                       .typed(angle, PropertyForm::number)
+                       .moving(PropertyMotion::add(PropertyDomain::gradient))
+                       .access(gradientAngleAccess()));
+    rows.push_back(choiceRow("ink", {"none", "dry", "pixel"}).access(inkAccess(InkPart::kind)));
+    rows.push_back(numberRow("inkAmount").ranged(0, 1).access(inkAccess(InkPart::amount)));
+    rows.push_back(numberRow("inkGrain").ranged(0.25, 4).access(inkAccess(InkPart::grain)));
+    rows.push_back(numberRow("inkSeed").ranged(0, 4294967295.0).access(inkAccess(InkPart::seed)));
+    rows.push_back(numberRow("inkCell").ranged(1, 16).access(inkAccess(InkPart::cell)));
 }
 
 void arrangementAndFaceRows(std::vector<PropertySpec>& rows) {
@@ -103,16 +116,16 @@ void arrangementAndFaceRows(std::vector<PropertySpec>& rows) {
 }
 
 void followingRows(std::vector<PropertySpec>& rows) {
-    rows.push_back(objectRow("pivot").typed(vector2, PropertyForm::pointOrNone));
+    rows.push_back(objectRow("pivot").typed(vector2, PropertyForm::pointOrNone).access(pivotAccess()));
     rows.push_back(objectRow("follow").typed(text, PropertyForm::objectOrOff));
     rows.push_back(objectRow("followParts").choices({"position", "rotation", "scale"}).typed(choice, PropertyForm::list));
-    rows.push_back(numberRow("speed").ranged(0.1, 16));
-    rows.push_back(objectRow("loop").typed(text, PropertyForm::text));
-    rows.push_back(objectRow("offset").typed(number, PropertyForm::seconds).unit("s"));
-    rows.push_back(onOff("bounce"));
-    rows.push_back(onOff("hold"));
-    rows.push_back(objectRow("freeze").typed(number, PropertyForm::seconds).unit("s"));
-    rows.push_back(objectRow("timeCurve").typed(text, PropertyForm::pointsOrNone));
+    rows.push_back(numberRow("speed").ranged(Clock::slowest, Clock::fastest).access(clockAccess(ClockPart::speed)));
+    rows.push_back(objectRow("loop").typed(text, PropertyForm::text).access(clockAccess(ClockPart::loop)));
+    rows.push_back(objectRow("offset").typed(number, PropertyForm::seconds).unit("s").access(clockAccess(ClockPart::offset)));
+    rows.push_back(onOff("bounce").access(clockAccess(ClockPart::bounce)));
+    rows.push_back(onOff("hold").access(clockAccess(ClockPart::hold)));
+    rows.push_back(objectRow("freeze").typed(number, PropertyForm::seconds).unit("s").access(clockAccess(ClockPart::freeze)));
+    rows.push_back(objectRow("timeCurve").typed(text, PropertyForm::pointsOrNone).access(clockAccess(ClockPart::timeCurve)));
 }
 
 void lensAndFontRows(std::vector<PropertySpec>& rows) {
@@ -123,13 +136,13 @@ void lensAndFontRows(std::vector<PropertySpec>& rows) {
                            .on({Target::lens}));
     const PropertyMotion font = PropertyMotion::add(PropertyDomain::font);
     rows.push_back(numberRow("weight").ranged(1, 1000).moving(font));
-    rows.push_back(objectRow("font").typed(text, PropertyForm::text));
-    rows.push_back(numberRow("tracking"));
-    rows.push_back(numberRow("lineSpacing"));
+    rows.push_back(objectRow("font").typed(text, PropertyForm::text).access(fontAccess()));
+    rows.push_back(numberRow("tracking").access(annotationField({A::text}, &TextAnnotation::tracking)));
+    rows.push_back(numberRow("lineSpacing").ranged(0.5, 4).access(annotationField({A::text}, &TextAnnotation::lineSpacing)));
     rows.push_back(numberRow("width").ranged(25, 200).moving(font));
     rows.push_back(numberRow("slant").ranged(-90, 90).moving(font));
     rows.push_back(numberRow("axis").moving(font));
-    rows.push_back(onOff("vertical"));
+    rows.push_back(onOff("vertical").access(annotationField({A::text}, &TextAnnotation::vertical)));
 }
 
 void materialEffectParamRows(std::vector<PropertySpec>& rows) {
@@ -170,11 +183,11 @@ void particleRows(std::vector<PropertySpec>& rows) {
 }
 
 void spanAndSolidRows(std::vector<PropertySpec>& rows) {
-    rows.push_back(objectRow("span").typed(flag, PropertyForm::toggle));
-    rows.push_back(onOff("spanLens"));
-    rows.push_back(numberRow("bevel"));
-    rows.push_back(numberRow("bevelSegments").ranged(1, 32));
-    rows.push_back(choiceRow("bevelProfile", {"round", "flat"}));
+    rows.push_back(objectRow("span").typed(flag, PropertyForm::toggle).access(spanAccess(false)));
+    rows.push_back(onOff("spanLens").access(spanAccess(true)));
+    rows.push_back(numberRow("bevel").access(bevelAccess(BevelPart::size)));
+    rows.push_back(numberRow("bevelSegments").ranged(1, 16).access(bevelAccess(BevelPart::segments)));
+    rows.push_back(choiceRow("bevelProfile", {"round", "flat"}).access(bevelAccess(BevelPart::profile)));
     rows.push_back(objectRow("sideMaterial").typed(text));
     rows.push_back(objectRow("backMaterial").typed(text));
 }

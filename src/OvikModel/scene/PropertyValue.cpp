@@ -14,6 +14,21 @@ namespace {
 // Numbers as the JSON writer spells them: no trailing zeros.
 std::string shown(double value) { return JSONValue(value).compact(); }
 
+bool isNone(const JSONValue& json) {
+    const std::string* text = json.string();
+    return text && *text == "none";
+}
+
+// [x, y] as two numbers, finite or not; none for any other shape.
+std::optional<CGPoint> pair(const JSONValue& json) {
+    const JSONValue::Array* array = json.array();
+    CGPoint point;
+    if (!array || array->size() != 2 || !(*array)[0].number(point.x) || !(*array)[1].number(point.y)) return std::nullopt;
+    return point;
+}
+
+bool isFinite(CGPoint point) { return std::isfinite(point.x) && std::isfinite(point.y); }
+
 } // namespace
 
 double PropertyValue::number(const std::optional<std::pair<double, double>>& range) const {
@@ -55,6 +70,33 @@ std::optional<RGBA> PropertyValue::colorOrNone() const {
     const auto color = text && text->rfind("#", 0) == 0 ? RGBA::fromHexText(*text) : std::nullopt;
     if (!color) invalid(L10n::format("model.property.value.colorOrNoneInvalid", {name}));
     return color;
+}
+
+std::optional<CGPoint> PropertyValue::pointOrNone() const {
+    if (isNone(json)) return std::nullopt;
+    const auto point = pair(json);
+    if (!point) invalid(L10n::format("model.property.value.pointOrNoneInvalid", {name}));
+    if (!isFinite(*point)) invalid(L10n::format("model.property.value.pointInvalid", {name}));
+    return point;
+}
+
+std::optional<std::vector<CGPoint>> PropertyValue::pointsOrNone() const {
+    if (isNone(json)) return std::nullopt;
+    const JSONValue::Array* array = json.array();
+    std::vector<CGPoint> points;
+    for (std::size_t i = 0; array && i < array->size(); ++i) {
+        const auto point = pair((*array)[i]);
+        if (!point || !isFinite(*point)) break;
+        points.push_back(*point);
+    }
+    if (!array || points.size() != array->size())
+        invalid(L10n::format("model.property.value.pointsOrNoneInvalid", {name}));
+    return points;
+}
+
+std::optional<double> PropertyValue::numberOrNone(const std::optional<std::pair<double, double>>& range) const {
+    if (isNone(json)) return std::nullopt;
+    return number(range);
 }
 
 } // namespace ovik

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "OvikModel/values/RGBA.h"
+#include "OvikPlatform/geometry/CGPoint.h"
 #include "OvikPlatform/json/JSONValue.h"
 
 namespace ovik {
@@ -25,6 +26,12 @@ struct PropertyValue {
     RGBA color() const;
     /// "#RRGGBB", or "none".
     std::optional<RGBA> colorOrNone() const;
+    /// [x, y] with both finite, or "none".
+    std::optional<CGPoint> pointOrNone() const;
+    /// [[x, y], …], or "none".
+    std::optional<std::vector<CGPoint>> pointsOrNone() const;
+    /// A finite number, or "none".
+    std::optional<double> numberOrNone(const std::optional<std::pair<double, double>>& range = std::nullopt) const;
 };
 
 } // namespace ovik

@@ -232,19 +232,28 @@ template <std::size_t N>
 struct KeyTable {
     std::array<std::pair<std::string_view, std::size_t>, N> sorted{};
 
+    // Keys are ordered by length first: a look-up compares the bytes of the few keys of the
+    // same length only, most often one.
+    static constexpr bool shorter(const std::pair<std::string_view, std::size_t>& a,
+                                  const std::pair<std::string_view, std::size_t>& b) {
+        return a.first.size() != b.first.size() ? a.first.size() < b.first.size() : a.first < b.first;
+    }
+
     template <class... Keys>
     static constexpr KeyTable of(Keys... keys) {
         KeyTable table;
         std::size_t at = 0;
         ((table.sorted[at] = {std::string_view(keys), at}, ++at), ...);
-        std::sort(table.sorted.begin(), table.sorted.end());
+        std::sort(table.sorted.begin(), table.sorted.end(), shorter);
         return table;
     }
     /// The field's place, or N when no field has that key.
     constexpr std::size_t find(std::string_view key) const {
-        auto found = std::lower_bound(sorted.begin(), sorted.end(), key,
-                                      [](const auto& entry, std::string_view k) { return entry.first < k; });
-        return found != sorted.end() && found->first == key ? found->second : N;
+        auto entry = std::lower_bound(sorted.begin(), sorted.end(), key.size(),
+                                      [](const auto& e, std::size_t size) { return e.first.size() < size; });
+        for (; entry != sorted.end() && entry->first.size() == key.size(); ++entry)
+            if (entry->first == key) return entry->second;
+        return N;
     }
 };
 } // namespace json_detail

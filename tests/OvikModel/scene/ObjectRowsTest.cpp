@@ -1,0 +1,218 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "OvikL10n/L10n.h"
+#include "OvikModel/objects/AnnotationDefaults.h"
+#include "OvikModel/scene/DraftProperties.h"
+#include "OvikModel/scene/PropertyError.h"
+#include "OvikModel/scene/PropertyTable.h"
+
+namespace ovik {
+namespace {
+
+ObjectNode nodeNamed(const std::string& name, int number, ObjectContent content) {
+    ObjectNode node;
+    node.id = ObjectID{*UUID::parse("0B0B0B0B-0000-4000-8000-0000000000" + std::to_string(10 + number))};
+    node.name = name;
+    node.content = std::move(content);
+    return node;
+}
+
+ObjectNode leaf(const std::string& name, int number, Annotation annotation) {
+    return nodeNamed(name, number, ObjectContent::makeAnnotation(std::move(annotation)));
+}
+
+// One object of each kind the rows reach; "Rect" is 20 points thick. "Marks" holds a
+// rectangle and a text, "Words" only texts.
+Draft kindsDraft() {
+    const AnnotationDefaults d = AnnotationDefaults::standard();
+    const CGRect frame{{10, 10}, {80, 40}};
+    ObjectNode rect = leaf("Rect", 0, d.rectangle(frame));
+    Thickness thick;
+    thick.depth = 20;
+    rect.thickness = thick;
+    PathAnnotation path;
+    path.path.anchors.resize(2);
+    path.path.anchors[1].point = CGPoint{30, 40};
+    Draft draft;
+    draft.objects = CowList<ObjectNode>({
+        rect,
+        leaf("Oval", 1, d.ellipse(frame)),
+        leaf("Arrow", 2, d.arrow({0, 0}, {50, 50})),
+        leaf("Line", 3, d.line({0, 0}, {50, 0})),
+        leaf("Pen", 4, d.pen({{0, 0}, {5, 5}}, std::nullopt)),
+        leaf("Text", 5, d.text({0, 0}, "Hello")),
+        leaf("Counter", 6, d.counter({20, 20})),
+        leaf("Redact", 7, d.redact(frame)),
+        leaf("Spot", 8, d.spotlight(frame)),
+        leaf("Lens", 9, d.magnifier(2, frame)),
+        leaf("Path", 10, Annotation{{}, Annotation::path{path}}),
+        nodeNamed("Marks", 11,
+                  ObjectContent::makeGroup({leaf("Inner", 12, d.rectangle(frame)), leaf("Caption", 13, d.text({0, 0}, "A"))})),
+        nodeNamed("Words", 14, ObjectContent::makeGroup({leaf("Word", 15, d.text({0, 0}, "B"))})),
+    });
+    return draft;
+}
+
+JSONValue json(const char* text) { return JSONValue::parse(text); }
+
+std::optional<JSONValue> get(const Draft& draft, const std::string& path) {
+    return propertyValue(draft, PropertyPath::parse(path, draft));
+}
+
+std::optional<std::string> set(Draft& draft, const std::string& path, const JSONValue& value) {
+    return setProperty(draft, value, PropertyPath::parse(path, draft));
+}
+
+TEST(ObjectRows, EachRowRoundTripsOnAKindThatHasIt) {
+    const struct {
+        const char* path;
+        const char* value;
+    } cases[] = {
+        {"Rect.fill", "true"},          {"Rect.fillColor", "\"#112233\""},     {"Path.fillColor", "\"#112233\""},
+        {"Rect.gradient", "true"},      {"Oval.gradientFrom", "\"#445566\""},  {"Oval.gradientTo", "\"#778899\""},
+        {"Rect.gradientAngle", "45"},   {"Rect.pattern", "\"dashed\""},        {"Pen.pattern", "\"sketch\""},
+        {"Path.pattern", "\"dotted\""}, {"Arrow.body", "\"tapered\""},         {"Line.heads", "\"both\""},
+        {"Rect.corner", "\"capsule\""}, {"Pen.halo", "true"},                  {"Arrow.through", "true"},
+        {"Text.size", "40"},            {"Counter.size", "30"},                {"Line.size", "6"},
+        {"Oval.size", "2.5"},           {"Text.alignment", "\"center\""},      {"Text.background", "\"#FFFFFF\""},
+        {"Redact.mode", "\"blur\""},    {"Redact.strength", "0.8"},            {"Spot.shape", "\"ellipse\""},
+        {"Lens.shape", "\"rectangle\""}, {"Lens.zoom", "3"},                   {"Spot.dim", "0.25"},
+        {"Pen.ink", "\"dry\""},         {"Pen.inkAmount", "0.7"},              {"Pen.inkGrain", "2"},
+        {"Pen.inkSeed", "42"},          {"Rect.inkCell", "8"},                 {"Rect.pivot", "[3, -4]"},
+        {"Rect.speed", "2"},            {"Rect.loop", "\"forever\""},          {"Rect.loop", "3"},
+        {"Rect.offset", "1.5"},         {"Rect.bounce", "true"},               {"Rect.hold", "true"},
+        {"Rect.freeze", "2"},           {"Rect.timeCurve", "[[0, 0], [2, 1]]"}, {"Text.font", "\"Avenir-Heavy\""},
+        {"Text.tracking", "-1"},        {"Text.lineSpacing", "1.5"},           {"Text.vertical", "true"},
+        {"Rect.span", "true"},          {"Rect.spanLens", "true"},             {"Rect.bevel", "5"},
+        {"Rect.bevelSegments", "8"},    {"Rect.bevelProfile", "\"flat\""},
+    };
+    for (const auto& c : cases) {
+        Draft draft = kindsDraft();
+        const JSONValue value = json(c.value);
+        EXPECT_TRUE(set(draft, c.path, value)) << c.path;
+        const auto read = get(draft, c.path);
+        ASSERT_TRUE(read) << c.path;
+        EXPECT_TRUE(read->same(value)) << c.path << " reads " << read->compact();
+        EXPECT_FALSE(set(draft, c.path, value)) << c.path << " changed again";
+        // What was written survives the draft's own JSON.
+        Draft reread = draft;
+        std::vector<ObjectNode> nodes;
+        for (const ObjectNode& each : draft.objects.items()) nodes.push_back(decodeJSON<ObjectNode>(encodeJSON(each)));
+        reread.objects = CowList<ObjectNode>(nodes);
+        EXPECT_TRUE(get(reread, c.path)->same(value)) << c.path;
+    }
+}
+
+TEST(ObjectRows, ChoiceWordsAreTheStoredNames) {
+    const auto names = [](auto* tag) {
+        std::vector<std::string> out;
+        for (const auto& [value, name] : enumCases(tag).cases) out.emplace_back(name);
+        std::sort(out.begin(), out.end());
+        return out;
+    };
+    const std::vector<std::pair<const char*, std::vector<std::string>>> rows{
+        {"pattern", names(static_cast<LinePattern*>(nullptr))},
+        {"body", names(static_cast<ArrowBody*>(nullptr))},
+        {"heads", names(static_cast<ArrowHeads*>(nullptr))},
+        {"corner", names(static_cast<CornerStyle*>(nullptr))},
+        {"alignment", names(static_cast<TextAlignment*>(nullptr))},
+        {"mode", names(static_cast<RedactMode*>(nullptr))},
+        {"shape", names(static_cast<SpotlightShape*>(nullptr))},
+        {"ink", names(static_cast<InkTextureKind*>(nullptr))},
+        {"bevelProfile", names(static_cast<BevelProfile*>(nullptr))},
+    };
+    for (const auto& [sdk, expected] : rows) {
+        std::vector<std::string> words = PropertyKey::named(sdk)->spec().words;
+        std::sort(words.begin(), words.end());
+        EXPECT_EQ(words, expected) << sdk;
+    }
+}
+
+TEST(ObjectRows, AGroupReachesTheLeavesThatHaveTheRow) {
+    Draft draft = kindsDraft();
+    EXPECT_TRUE(set(draft, "Marks.pattern", JSONValue("dotted")));
+    EXPECT_TRUE(get(draft, "Inner.pattern")->same(JSONValue("dotted")));
+    EXPECT_FALSE(get(draft, "Caption.pattern"));
+    // A group of texts only has no leaf with the row.
+    const L10n::LanguageOverride english("en");
+    try {
+        set(draft, "Words.pattern", JSONValue("dotted"));
+        ADD_FAILURE() << "a text took a line style";
+    } catch (const PropertyError& error) {
+        EXPECT_EQ(std::string(error.what()),
+                  "“Words” has no Line style: it is only for Rectangle, Ellipse, Arrow, Line, Pen, Path.");
+    }
+}
+
+TEST(ObjectRows, RefusalsNameTheProblemAndChangeNothing) {
+    const L10n::LanguageOverride english("en");
+    const struct {
+        const char* path;
+        const char* value;
+        const char* message;
+    } cases[] = {
+        {"Text.pattern", "\"dashed\"", "it is only for Rectangle"},
+        {"Rect.heads", "\"end\"", "it is only for Arrow, Line."},
+        {"Rect.pattern", "\"wavy\"", "takes one of solid, dashed, dotted, sketch"},
+        {"Rect.fillColor", "\"red\"", "#RRGGBB, or none"},
+        {"Rect.speed", "20", "takes 0.1 to 16, but got 20"},
+        {"Rect.loop", "0", "between 1 and 1000"},
+        {"Rect.loop", "\"often\"", "a count or \"forever\""},
+        {"Rect.loop", "2.5", "a count or \"forever\""},
+        {"Rect.offset", "-1", "start can't be negative"},
+        {"Rect.freeze", "-1", "freeze time can't be negative"},
+        {"Rect.timeCurve", "[[1, 0], [0, 1]]", "earliest to latest"},
+        {"Rect.timeCurve", "[]", "at least one keyframe"},
+        {"Rect.timeCurve", "[[0, 0], [1]]", "[[x, y], …], or none"},
+        {"Rect.pivot", "[1]", "[x, y], or none"},
+        {"Text.size", "3", "takes 4 to 2000"},
+        {"Text.font", "3", "needs text"},
+        {"Rect.bevel", "11", "takes 0 to 10"},
+        {"Pen.inkGrain", "5", "takes 0.25 to 4"},
+        {"Redact.strength", "1.5", "takes 0 to 1"},
+    };
+    for (const auto& c : cases) {
+        Draft draft = kindsDraft();
+        const std::string before = encodeJSON(draft).compact();
+        try {
+            set(draft, c.path, json(c.value));
+            ADD_FAILURE() << c.path << " took " << c.value;
+        } catch (const PropertyError& error) {
+            EXPECT_EQ(error.kind(), PropertyError::Kind::invalid) << c.path;
+            EXPECT_NE(std::string(error.what()).find(c.message), std::string::npos) << c.path << ": " << error.what();
+        }
+        EXPECT_EQ(encodeJSON(draft).compact(), before) << c.path;
+    }
+}
+
+TEST(ObjectRows, SizesBelowTheirLimitAreRaisedToIt) {
+    Draft draft = kindsDraft();
+    set(draft, "Counter.size", JSONValue(2.0));
+    set(draft, "Line.size", JSONValue(0.1));
+    EXPECT_TRUE(get(draft, "Counter.size")->same(JSONValue(8.0)));
+    EXPECT_TRUE(get(draft, "Line.size")->same(JSONValue(0.5)));
+}
+
+TEST(ObjectRows, DetailsSwitchAndKeepTheirRecords) {
+    Draft draft = kindsDraft();
+    // A dry setting makes the ink dry; choosing dry again keeps its settings.
+    set(draft, "Pen.inkGrain", JSONValue(3.0));
+    EXPECT_TRUE(get(draft, "Pen.ink")->same(JSONValue("dry")));
+    EXPECT_FALSE(set(draft, "Pen.ink", JSONValue("dry")));
+    set(draft, "Pen.ink", JSONValue("pixel"));
+    EXPECT_FALSE(get(draft, "Pen.inkGrain"));
+    // Turning a gradient off keeps its first colour as the fill.
+    set(draft, "Rect.gradientFrom", JSONValue("#102030"));
+    set(draft, "Rect.gradient", JSONValue(false));
+    EXPECT_TRUE(get(draft, "Rect.fillColor")->same(JSONValue("#102030")));
+    EXPECT_TRUE(get(draft, "Rect.gradientTo")->same(JSONValue("none")));
+    // A clock set back to plain is left out of the node.
+    set(draft, "Rect.speed", JSONValue(2.0));
+    set(draft, "Rect.speed", JSONValue(1.0));
+    EXPECT_FALSE(draft.objects[0].clock);
+}
+
+} // namespace
+} // namespace ovik
