@@ -46,7 +46,7 @@ void styleRows(std::vector<PropertySpec>& rows) {
     style.rows.push_back(style.row("aspect").typed(text, PropertyForm::text));
     style.rows.push_back(style.row("crop").typed(rect, PropertyForm::rectOrNone));
     style.toggle("handDrawn", draftField(&Draft::handDrawn));
-    style.choice("newInk", {"none", "pencil", "marker", "crayon"});
+    style.choice("newInk", {"none", "dry", "pixel"}, draftField(&Draft::newMarksInk));
     style.toggle("paused");
     style.choice("motionBlur", {"off", "natural", "strong", "on"});
     style.number("shutter", 0, 1);

@@ -4,6 +4,7 @@
 #include "OvikModel/draft/CursorSettings.h"
 #include "OvikModel/draft/StillLayout.h"
 #include "OvikModel/draft/ZoomSettings.h"
+#include "OvikModel/objects/InkTexture.h"
 #include "OvikModel/scene/PropertyTable.h"
 
 namespace ovik {
@@ -61,6 +62,7 @@ TEST(PropertyTable, ChoiceWordsAreTheStoredNames) {
     expectWordsOf<CameraCorner>("camera.corner");
     expectWordsOf<CameraShape>("camera.shape");
     expectWordsOf<StillLayoutMode>("layout.mode");
+    expectWordsOf<InkTextureKind>("style.newInk");
 }
 
 } // namespace
