@@ -49,6 +49,11 @@ struct ObjectAppearance {
     bool isPlain() const;
 
     bool operator==(const ObjectAppearance&) const = default;
+
+private:
+    /// The moving numbers read from a state's places.
+    template <class Numbers, class Places>
+    ObjectAppearance(const Numbers& numbers, const Places& places);
 };
 
 } // namespace ovik
