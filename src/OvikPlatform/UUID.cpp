@@ -60,8 +60,8 @@ std::string UUID::uuidString() const {
 }
 
 UUID JSONCoding<UUID>::decode(JSONNode node, const CodingPath& path) {
-    const std::string text = JSONCoding<std::string>::decode(node, path);
-    if (const std::optional<UUID> uuid = UUID::parse(text)) return *uuid;
+    json_detail::expect(node, JSONNode::Kind::string, path, "String");
+    if (const std::optional<UUID> uuid = UUID::parse(node.string())) return *uuid;
     throw DecodingError::dataCorrupted(path, "Attempted to decode UUID from invalid UUID string.");
 }
 

@@ -14,33 +14,6 @@ constexpr std::string_view paramPrefix = "params.";
 
 // ---- JSON ------------------------------------------------------------------------------------
 
-// Every field but the property, whose text also carries `effect` and `param`.
-struct StoredAction : Action {
-    static constexpr auto jsonFields();
-};
-
-template <class Member>
-constexpr Member StoredAction::*field(Member Action::*member) {
-    return member;
-}
-
-constexpr auto StoredAction::jsonFields() {
-    return std::tuple{defaulted("keyframe", field(&Action::isKeyframe)),
-                      required("mode", field(&Action::mode)),
-                      required("curve", field(&Action::curve)),
-                      required("range", field(&Action::range)),
-                      defaulted("scope", field(&Action::scope)),
-                      optional("stagger", field(&Action::stagger)),
-                      optional("shape", field(&Action::shape)),
-                      optional("by", field(&Action::by)),
-                      optional("pins", field(&Action::pins)),
-                      optional("term", field(&Action::term)),
-                      optional("into", field(&Action::into)),
-                      optional("about", field(&Action::about)),
-                      optional("axis", field(&Action::axis)),
-                      optional("pace", field(&Action::pace))};
-}
-
 std::string propertyText(const Action& action) {
     if (action.effect) return action.effect->text();
     if (action.param) return std::string(paramPrefix) + *action.param;
@@ -48,13 +21,14 @@ std::string propertyText(const Action& action) {
 }
 
 void readProperty(Action& action, JSONNode node, const CodingPath& path) {
-    const std::string text = decodeJSON<std::string>(node, path);
+    json_detail::expect(node, JSONNode::Kind::string, path, "String");
+    const std::string_view text = node.string();
     if (auto address = EffectAddress::parse(text)) {
         action.property = PropertyKey::effect();
         action.effect = std::move(*address);
     } else if (text.starts_with(paramPrefix) && text.size() > paramPrefix.size()) {
         action.property = PropertyKey::param();
-        action.param = text.substr(paramPrefix.size());
+        action.param = std::string(text.substr(paramPrefix.size()));
     } else {
         action.property = decodeJSON<PropertyKey>(node, path);
     }
@@ -269,18 +243,23 @@ Action Action::become(ObjectID into, ActionRange range, ActionCurve curve) {
 }
 
 JSONValue JSONCoding<Action>::encode(const Action& action) {
-    JSONValue out = encodeJSON(StoredAction{action});
+    JSONValue out = RecordCoding<Action>::encode(action);
     out.object()->emplace("property", propertyText(action));
     return out;
 }
 
 Action JSONCoding<Action>::decode(JSONNode node, const CodingPath& path) {
+    Action action;
+    decodeInto(action, node, path);
+    return action;
+}
+
+void JSONCoding<Action>::decodeInto(Action& action, JSONNode node, const CodingPath& path) {
     json_detail::expect(node, JSONNode::Kind::object, path, "Dictionary<String, Any>");
     JSONNode property = node;
     if (!node.find("property", property)) throw DecodingError::keyNotFound(path, "property");
-    Action action = decodeJSON<StoredAction>(node, path);
+    RecordCoding<Action>::decodeInto(action, node, path);
     readProperty(action, property, path.appending("property"));
-    return action;
 }
 
 } // namespace ovik

@@ -85,12 +85,24 @@ struct Action {
     static Action become(ObjectID into, ActionRange range, ActionCurve curve);
 
     bool operator==(const Action&) const = default;
+
+    /// Every field but the property, whose text also carries `effect` and `param`.
+    static constexpr auto jsonFields() {
+        return std::tuple{defaulted("keyframe", &Action::isKeyframe), required("mode", &Action::mode),
+                          required("curve", &Action::curve),          required("range", &Action::range),
+                          defaulted("scope", &Action::scope),         optional("stagger", &Action::stagger),
+                          optional("shape", &Action::shape),          optional("by", &Action::by),
+                          optional("pins", &Action::pins),            optional("term", &Action::term),
+                          optional("into", &Action::into),            optional("about", &Action::about),
+                          optional("axis", &Action::axis),            optional("pace", &Action::pace)};
+    }
 };
 
 template <>
 struct JSONCoding<Action> {
     static JSONValue encode(const Action& action);
     static Action decode(JSONNode node, const CodingPath& path);
+    static void decodeInto(Action& action, JSONNode node, const CodingPath& path);
 };
 
 } // namespace ovik

@@ -38,7 +38,7 @@ JSONValue JSONCoding<MediaSource>::encode(const MediaSource& source) {
 
 MediaSource JSONCoding<MediaSource>::decode(JSONNode node, const CodingPath& path) {
     const TaggedCase tagged = TaggedCase::read(node, path);
-    const std::string& name = tagged.name;
+    const std::string_view name = tagged.name;
     if (name == MediaSource::screenshot::name) return MediaSource::makeScreenshot(tagged.value<Screenshot>());
     if (name == importedImageKey)
         return MediaSource::makeScreenshot(
@@ -48,7 +48,7 @@ MediaSource JSONCoding<MediaSource>::decode(JSONNode node, const CodingPath& pat
         return MediaSource::makeRecording(
             importedPayload<Recording>(tagged, "An imported video needs the file it came from"));
     if (name == MediaSource::canvas::name) return MediaSource::makeCanvas(tagged.value<Canvas>());
-    throw DecodingError::dataCorrupted(path, "Unknown media kind " + name + ": the draft was made by a newer Ovik");
+    throw DecodingError::dataCorrupted(path, "Unknown media kind " + std::string(name) + ": the draft was made by a newer Ovik");
 }
 
 } // namespace ovik

@@ -180,12 +180,12 @@ std::shared_ptr<const ObjectAccess> sizeAccess() {
     const auto read = [](const Annotation& annotation) {
         std::optional<JSONValue> out;
         const auto outline = [&](const auto& payload) {
-            if (payload.stroke) out = JSONValue(payload.stroke->width);
+            if (payload.stroke) out.emplace(payload.stroke->width);
         };
-        withRecord<TextAnnotation>(annotation, [&](const auto& text) { out = JSONValue(text.fontSize); }) ||
-            withRecord<CounterAnnotation>(annotation, [&](const auto& counter) { out = JSONValue(counter.diameter); }) ||
-            withRecord<LineAnnotation>(annotation, [&](const auto& line) { out = JSONValue(line.stroke.width); }) ||
-            withRecord<PenAnnotation>(annotation, [&](const auto& pen) { out = JSONValue(pen.stroke.width); }) ||
+        withRecord<TextAnnotation>(annotation, [&](const auto& text) { out.emplace(text.fontSize); }) ||
+            withRecord<CounterAnnotation>(annotation, [&](const auto& counter) { out.emplace(counter.diameter); }) ||
+            withRecord<LineAnnotation>(annotation, [&](const auto& line) { out.emplace(line.stroke.width); }) ||
+            withRecord<PenAnnotation>(annotation, [&](const auto& pen) { out.emplace(pen.stroke.width); }) ||
             withRecord<ShapeAnnotation>(annotation, outline) || withRecord<PathAnnotation>(annotation, outline);
         return out;
     };

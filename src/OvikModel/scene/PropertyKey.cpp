@@ -2,7 +2,7 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <map>
+#include <unordered_map>
 
 #include "OvikModel/scene/PropertyTable.h"
 #include "OvikPlatform/json/DecodingError.h"
@@ -10,7 +10,9 @@
 namespace ovik {
 namespace {
 
-using Names = std::map<std::string, PropertyKey, std::less<>>;
+// Look-up only, never walked, so hash order can't reach any output. The views point into the
+// table's own rows, which live as long as the program.
+using Names = std::unordered_map<std::string_view, PropertyKey>;
 
 const Names& byName() {
     static const Names names = [] {
@@ -120,9 +122,10 @@ OVIK_FIXED_KEY(cursorPoint, "cursor.point")
 #undef OVIK_FIXED_KEY
 
 PropertyKey JSONCoding<PropertyKey>::decode(JSONNode node, const CodingPath& path) {
-    const std::string name = JSONCoding<std::string>::decode(node, path);
+    json_detail::expect(node, JSONNode::Kind::string, path, "String");
+    const std::string_view name = node.string();
     if (const auto key = PropertyKey::anyName(name)) return *key;
-    throw DecodingError::dataCorrupted(path, name + " is not a property");
+    throw DecodingError::dataCorrupted(path, std::string(name) + " is not a property");
 }
 
 } // namespace ovik

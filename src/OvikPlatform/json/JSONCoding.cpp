@@ -25,19 +25,21 @@ void doesNotFit(JSONNode node, const CodingPath& path, std::string_view type) {
 } // namespace json_detail
 
 TaggedCase TaggedCase::read(JSONNode node, const CodingPath& path) {
-    if (node.kind() == JSONNode::Kind::string) return TaggedCase{std::string(node.string()), std::nullopt, path};
-    if (node.kind() != JSONNode::Kind::object || node.size() != 1)
-        throw DecodingError::dataCorrupted(path, "Expected a case name or an object with one key");
-    const auto member = *node.members().begin();
-    return TaggedCase{std::string(member.key), node, path};
+    if (node.kind() == JSONNode::Kind::string) return TaggedCase{node.string(), std::nullopt, path};
+    if (node.kind() == JSONNode::Kind::object) {
+        const auto members = node.members();
+        auto first = members.begin();
+        if (first != members.end()) {
+            const auto member = *first;
+            if (!(++first != members.end())) return TaggedCase{member.key, member.value, path};
+        }
+    }
+    throw DecodingError::dataCorrupted(path, "Expected a case name or an object with one key");
 }
 
 JSONNode TaggedCase::requirePayload() const {
-    if (values) {
-        JSONNode payload = *values;
-        if (values->find(name, payload)) return payload;
-    }
-    throw DecodingError::dataCorrupted(codingPath, "Case " + name + " needs a value");
+    if (payload) return *payload;
+    throw DecodingError::dataCorrupted(codingPath, "Case " + std::string(name) + " needs a value");
 }
 
 JSONValue taggedValue(const CaseKey& key, JSONValue payload) {

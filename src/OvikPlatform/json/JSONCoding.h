@@ -64,8 +64,11 @@ T decodeJSON(const JSONValue& value) {
 namespace json_detail {
 [[noreturn]] void mismatch(JSONNode node, const CodingPath& path, std::string_view type);
 [[noreturn]] void doesNotFit(JSONNode node, const CodingPath& path, std::string_view type);
-inline void expect(JSONNode node, JSONNode::Kind kind, const CodingPath& path, std::string_view type) {
-    if (node.kind() != kind) mismatch(node, path, type);
+// Called for every value decoded: kept inline at each call.
+[[gnu::always_inline]] inline void expect(JSONNode node, JSONNode::Kind kind, const CodingPath& path,
+                                          std::string_view type) {
+    if (node.kind() != kind) [[unlikely]]
+        mismatch(node, path, type);
 }
 } // namespace json_detail
 
@@ -153,7 +156,13 @@ struct JSONCoding<std::vector<T>> {
         std::vector<T> out;
         out.reserve(node.size());
         std::int64_t index = 0;
-        for (JSONNode element : node.elements()) out.push_back(JSONCoding<T>::decode(element, path.appending(index++)));
+        for (JSONNode element : node.elements()) {
+            // Large records are filled where they will live, sparing a move of each.
+            if constexpr (requires(T& record) { JSONCoding<T>::decodeInto(record, element, path); })
+                JSONCoding<T>::decodeInto(out.emplace_back(), element, path.appending(index++));
+            else
+                out.push_back(JSONCoding<T>::decode(element, path.appending(index++)));
+        }
         return out;
     }
 };
@@ -209,6 +218,8 @@ template <class Coder, class Owner, class Member, JSONPresence Presence>
 struct JSONField {
     std::string_view key;
     Member Owner::*member;
+
+    static constexpr bool isRequired() { return Presence == JSONPresence::required; }
 };
 
 namespace json_detail {
@@ -252,8 +263,16 @@ struct KeyTable {
         auto entry = std::lower_bound(sorted.begin(), sorted.end(), key.size(),
                                       [](const auto& e, std::size_t size) { return e.first.size() < size; });
         for (; entry != sorted.end() && entry->first.size() == key.size(); ++entry)
-            if (entry->first == key) return entry->second;
+            if (sameBytes(entry->first, key)) return entry->second;
         return N;
+    }
+
+private:
+    // Keys are a few bytes long: a loop the compiler keeps inline beats a call to memcmp.
+    static constexpr bool sameBytes(std::string_view a, std::string_view b) {
+        for (std::size_t i = 0; i < a.size(); ++i)
+            if (a[i] != b[i]) return false;
+        return true;
     }
 };
 } // namespace json_detail
@@ -282,8 +301,10 @@ constexpr auto writtenAlways(std::string_view key, Member Owner::*member) {
 template <class T>
 concept JSONRecord = requires { T::jsonFields(); };
 
+/// The coding of a record from its declared fields; a record with a coding of its own builds
+/// on it for the fields it declares.
 template <JSONRecord T>
-struct JSONCoding<T> {
+struct RecordCoding {
     static const T& defaults() {
         static const T value{};
         return value;
@@ -296,8 +317,23 @@ struct JSONCoding<T> {
     }
 
     static T decode(JSONNode node, const CodingPath& path) {
+        T record{};
+        decodeInto(record, node, path);
+        return record;
+    }
+
+    /// Fills a default-made record in place.
+    static void decodeInto(T& record, JSONNode node, const CodingPath& path) {
         json_detail::expect(node, JSONNode::Kind::object, path, "Dictionary<String, Any>");
-        return decodeFields(node, path, std::make_index_sequence<std::tuple_size_v<decltype(T::jsonFields())>>{});
+        constexpr auto indices = std::make_index_sequence<std::tuple_size_v<decltype(T::jsonFields())>>{};
+        // Most records decode in one pass, member by member as stored. One that pass can't take
+        // (a duplicate, a missing or bad field) is read again in declared order, the reference:
+        // it tells the first failing field's error and lets a later duplicate win.
+        try {
+            if (decodeAsStored(record, node, path, indices)) return;
+        } catch (...) {
+        }
+        record = decodeFields(node, path, indices);
     }
 
 private:
@@ -312,6 +348,26 @@ private:
                 if (value == defaults().*field.member) return;
             object.emplace(field.key, Coder::encode(value));
         }
+    }
+
+    template <std::size_t... I>
+    static bool decodeAsStored(T& record, JSONNode node, const CodingPath& path, std::index_sequence<I...>) {
+        static_assert(sizeof...(I) <= 64, "one bit a field");
+        static constexpr auto fields = T::jsonFields();
+        static constexpr auto keys = json_detail::KeyTable<sizeof...(I)>::of(std::get<I>(fields).key...);
+        static constexpr std::uint64_t required =
+            ((std::get<I>(fields).isRequired() ? std::uint64_t(1) << I : 0) | ... | 0);
+        std::uint64_t seen = 0;
+        for (const auto member : node.members()) {
+            const std::size_t at = keys.find(member.key);
+            if (at >= sizeof...(I)) continue;
+            const std::uint64_t bit = std::uint64_t(1) << at;
+            if (seen & bit) return false;
+            seen |= bit;
+            const std::optional<JSONNode> value = member.value;
+            ((I == at ? decodeField(record, value, path, std::get<I>(fields)) : void()), ...);
+        }
+        return (seen & required) == required;
     }
 
     // One pass over the stored members finds every declared field (a later duplicate wins);
@@ -341,6 +397,10 @@ private:
     }
 };
 
+template <JSONRecord T>
+struct JSONCoding<T> : RecordCoding<T> {};
+
+
 // ---- enumerations with payload: the tagged form --------------------------------------------------
 
 /// A coding key that is any text, for keys known only at run time (a case's name).
@@ -349,14 +409,15 @@ struct CaseKey {
     std::optional<int> intValue() const { return std::nullopt; }
 };
 
-/// Reads the tagged form of a case: a bare string, or an object of exactly one key.
+/// Reads the tagged form of a case: a bare string, or an object of exactly one key. The name
+/// points into the parsed document, which outlives the decoding.
 struct TaggedCase {
-    std::string name;
-    std::optional<JSONNode> values; // the one-key object; none for a bare string
+    std::string_view name;
+    std::optional<JSONNode> payload; // the value under the one key; none for a bare string
     CodingPath codingPath;
 
     static TaggedCase read(JSONNode node, const CodingPath& path);
-    CaseKey key() const { return CaseKey{name}; }
+    CaseKey key() const { return CaseKey{std::string(name)}; }
 
     /// Decodes the payload under the case's key; a bare string has none to give.
     template <class U>
@@ -411,29 +472,26 @@ struct JSONCoding<T> {
 
     static T decode(JSONNode node, const CodingPath& path) {
         const TaggedCase tagged = TaggedCase::read(node, path);
-        std::optional<T> out;
-        tryCases(tagged, out, static_cast<decltype(T::cases)*>(nullptr));
-        if (!out) throw DecodingError::dataCorrupted(path, unknownCase(tagged.name));
-        return std::move(*out);
+        T out{};
+        if (!tryCases(tagged, out, static_cast<decltype(T::cases)*>(nullptr)))
+            throw DecodingError::dataCorrupted(path, unknownCase(tagged.name));
+        return out;
     }
 
 private:
+    // The payload is decoded straight into the variant of the value returned.
     template <class... Cases>
-    static void tryCases(const TaggedCase& tagged, std::optional<T>& out, std::variant<Cases...>*) {
-        ((out || tagged.name != Cases::name ? void() : void(out = makeFrom(json_detail::decodeCase<Cases>(tagged)))),
-         ...);
+    static bool tryCases(const TaggedCase& tagged, T& out, std::variant<Cases...>*) {
+        return ((tagged.name == Cases::name &&
+                 (out.cases.template emplace<Cases>(json_detail::decodeCase<Cases>(tagged)), true)) ||
+                ...);
     }
-    template <class Case>
-    static T makeFrom(Case c) {
-        T value{};
-        value.cases = std::move(c);
-        return value;
-    }
-    static std::string unknownCase(const std::string& name) {
-        if constexpr (requires { T::unknownCaseMessage(name); })
-            return T::unknownCaseMessage(name);
+    static std::string unknownCase(std::string_view name) {
+        const std::string text(name);
+        if constexpr (requires { T::unknownCaseMessage(text); })
+            return T::unknownCaseMessage(text);
         else
-            return "Unknown case " + name;
+            return "Unknown case " + text;
     }
 };
 

@@ -89,16 +89,6 @@ const char* JSONNode::kindDescription() const {
     return "a value";
 }
 
-JSONNode::Elements JSONNode::elements() const {
-    const bool isArray = tag() == '[';
-    return Elements(at(index_ + 1), isArray ? payload32() - 1 : index_ + 1);
-}
-
-JSONNode::Members JSONNode::members() const {
-    const bool isObject = tag() == '{';
-    return Members(at(index_ + 1), isObject ? payload32() - 1 : index_ + 1);
-}
-
 bool JSONNode::find(std::string_view key, JSONNode& out, std::uint32_t& hint) const {
     if (tag() != '{') return false;
     const std::uint32_t first = index_ + 1, last = payload32() - 1;

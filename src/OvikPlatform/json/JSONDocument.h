@@ -153,4 +153,15 @@ private:
     std::uint32_t last_;
 };
 
+// Inline: every record and list decoded walks one of these.
+inline JSONNode::Elements JSONNode::elements() const {
+    const bool isArray = tag() == '[';
+    return Elements(at(index_ + 1), isArray ? payload32() - 1 : index_ + 1);
+}
+
+inline JSONNode::Members JSONNode::members() const {
+    const bool isObject = tag() == '{';
+    return Members(at(index_ + 1), isObject ? payload32() - 1 : index_ + 1);
+}
+
 } // namespace ovik

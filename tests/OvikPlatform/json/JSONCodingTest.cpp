@@ -104,6 +104,31 @@ TEST(JSONCoding, FirstFailingFieldIsReportedWithItsPath) {
     }
 }
 
+TEST(JSONCoding, TwoFaultsTellTheFirstDeclaredFieldNotTheFirstStored) {
+    // "code" is stored first but declared after "name": the error is the name's.
+    try {
+        (void)decodeJSON<Outer>(std::string_view(R"({"code":5,"name":5})"));
+        FAIL();
+    } catch (const DecodingError& error) {
+        EXPECT_EQ(codingPathText(error.codingPath()), "name");
+    }
+}
+
+TEST(JSONCoding, ALaterDuplicateWins) {
+    const struct {
+        const char* json;
+        Outer expected;
+    } cases[] = {
+        {R"({"code":"1","name":"a","name":"b"})", {"b", std::nullopt, Fit::fit, {}, {}, 1, {}}},
+        // The first is not even valid: only the last one counts.
+        {R"({"code":"1","name":5,"name":"b"})", {"b", std::nullopt, Fit::fit, {}, {}, 1, {}}},
+        // A later null takes the field back to its default.
+        {R"({"code":"1","name":"a","fit":"fill","fit":null,"scale":2,"scale":null})",
+         {"a", std::nullopt, Fit::fit, {}, {}, 1, {}}},
+    };
+    for (const auto& c : cases) EXPECT_EQ(decodeJSON<Outer>(std::string_view(c.json)), c.expected) << c.json;
+}
+
 TEST(JSONCoding, DecodesFromAGenericValue) {
     const JSONValue value = JSONValue::parse(R"({"width": 9, "weight": 0.125})");
     EXPECT_EQ(decodeJSON<Inner>(value), (Inner{9, 0.125f}));
