@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <set>
 
+#include "OvikModel/draft/LUTFiles.h"
 #include "OvikModel/objects/ObjectWalks.h"
 #include "OvikPlatform/files/ReadFile.h"
 #include "OvikPlatform/files/ResolvedPath.h"
@@ -118,6 +119,8 @@ std::vector<PackagePath> QuickLookPackage::paths(const Draft& draft) {
     appendMediaPaths(draft, out);
     appendPicturePaths(draft, out);
     appendFontPaths(draft, out);
+    const std::vector<PackagePath> luts = lutFiles(draft);
+    out.insert(out.end(), luts.begin(), luts.end());
     return out;
 }
 

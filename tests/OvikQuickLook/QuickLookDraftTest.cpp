@@ -17,6 +17,12 @@ namespace {
 
 namespace fs = std::filesystem;
 
+// An effect stack of one look table.
+JSONValue lutStack(const std::string& digest) {
+    return JSONValue::parse(R"({"entries":[{"primitive":"lut","params":[{"name":"name","value":{"text":"Warm"}},)"
+                            R"({"name":"sha256","value":{"text":")" + digest + R"("}}]}]})");
+}
+
 Draft screenshotDraft(const std::string& image) {
     Draft draft;
     draft.id = DraftID{*UUID::parse("6F9619FF-8B86-4011-B42D-00C04FC964FF")};
@@ -140,6 +146,12 @@ TEST_F(QuickLookDraftTest, UnreadablePackages) {
              fs::rename(p / "draft.json", p.parent_path() / "real.json");
              fs::create_symlink(p.parent_path() / "real.json", p / "draft.json");
          }},
+        {"look table through ..",
+         [](const fs::path& p) {
+             Draft spoiled = screenshotDraft("media/shot.png");
+             spoiled.style.look = lutStack("../../outside");
+             FileDraftStore::writeDraft(spoiled, p);
+         }},
         {"a file, not a folder", [](const fs::path& p) {
              fs::remove_all(p);
              writeText(p, "x");
@@ -154,7 +166,7 @@ TEST_F(QuickLookDraftTest, UnreadablePackages) {
     }
 }
 
-TEST_F(QuickLookDraftTest, PathsListMediaThenObjectsThenFonts) {
+TEST_F(QuickLookDraftTest, PathsListMediaThenObjectsThenFontsThenLookTables) {
     Draft rich = draft;
     rich.fonts = CowList<DraftFont>{DraftFont{PackagePath{"fonts/b.otf"}, "B", "B", "Regular", "b", "b.otf"},
                                     DraftFont{PackagePath{"fonts/a.otf"}, "A", "A", "Regular", "a", "a.otf"}};
@@ -162,9 +174,20 @@ TEST_F(QuickLookDraftTest, PathsListMediaThenObjectsThenFonts) {
     sticker.name = "s";
     sticker.content = ObjectContent::makeAnnotation(
         AnnotationDefaults::standard().sticker(CGRect{{0, 0}, {10, 10}}, PackagePath{"assets/X/s.png"}));
-    rich.objects = CowList<ObjectNode>{sticker};
+    sticker.effects = lutStack("bb");
+    ObjectNode group;
+    group.name = "g";
+    group.content = ObjectContent::makeGroup({sticker});
+    rich.objects = CowList<ObjectNode>{sticker, group};
+    rich.style.look = lutStack("cc");
+    Section looked = rich.sections[0];
+    looked.look = lutStack("aa");
+    rich.sections = CowList<Section>{looked};
+    // Each table once, sorted, after the fonts, from the look, the sections and nested objects.
     const std::vector<PackagePath> expected = {PackagePath{"media/shot.png"}, PackagePath{"assets/X/s.png"},
-                                               PackagePath{"fonts/a.otf"}, PackagePath{"fonts/b.otf"}};
+                                               PackagePath{"fonts/a.otf"},    PackagePath{"fonts/b.otf"},
+                                               PackagePath{"luts/aa.cube"},   PackagePath{"luts/bb.cube"},
+                                               PackagePath{"luts/cc.cube"}};
     EXPECT_EQ(QuickLookPackage::paths(rich), expected);
 }
 
