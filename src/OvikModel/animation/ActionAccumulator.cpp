@@ -122,12 +122,11 @@ void ActionEvaluator::Accumulator::addOffset(const ActionValue& value, const Pro
     }
 }
 
-ActionState ActionEvaluator::Accumulator::result() && {
+void ActionEvaluator::Accumulator::finish() {
     double& blur = state[PropertyKey::blur()];
     blur = std::max(blur, 0.0);
     dropZeros(state.fontAxes);
     dropZeros(state.effectShifts);
-    return std::move(state);
 }
 
 } // namespace ovik

@@ -7,14 +7,15 @@
 namespace ovik {
 
 struct ActionEvaluator::Accumulator {
-    ActionState state = ActionState::rest();
+    /// The caller's state, made at rest, that the contributions are gathered into in place.
+    ActionState& state;
     /// The object's outline cannot draw progressively: drawing it fades the object instead.
     bool outlineFades = false;
     const ActionOwn& own = ActionOwn::none();
 
     void add(const Contribution& contribution, const Action& action);
-    /// The state with blur kept from going negative and shifts of 0 dropped.
-    ActionState result() &&;
+    /// Keeps blur from going negative and drops shifts of 0.
+    void finish();
 
 private:
     void set(const ActionValue& value, const PropertySlot& slot);

@@ -4,7 +4,7 @@
 #include <array>
 #include <cmath>
 #include <cstdlib>
-#include <map>
+#include <memory_resource>
 #include <numbers>
 
 #include "OvikModel/animation/ActionAccumulator.h"
@@ -310,13 +310,15 @@ std::optional<Contribution> moveContribution(const Action& action, const Phase& 
 // Without a term, an object's own motion skips what is meant for one term of a formula.
 // The actions of one term (none given: those of no term, when any has one), in sort order.
 // Evaluation works on pointers into the caller's list: nothing is copied per frame.
-std::vector<const Action*> orderedOfTerm(const std::vector<Action>& actions, const std::optional<std::string>& term) {
+std::pmr::vector<const Action*> orderedOfTerm(const std::vector<Action>& actions, const std::optional<std::string>& term,
+                                              std::pmr::memory_resource* memory) {
     const bool anyTerm = std::any_of(actions.begin(), actions.end(), [](const Action& a) { return a.term.has_value(); });
-    std::vector<const Action*> out;
+    std::pmr::vector<const Action*> out(memory);
     out.reserve(actions.size());
     for (const Action& action : actions)
         if ((!term && !anyTerm) || action.term == term) out.push_back(&action);
-    return ActionEvaluator::ordered(std::move(out));
+    ActionEvaluator::order(out);
+    return out;
 }
 
 bool isBetweenTo(const Action& action) {
@@ -338,6 +340,7 @@ struct SortPrefix {
     std::array<double, 5> numbers{};
     std::size_t count = 0;
 
+    SortPrefix() = default;
     explicit SortPrefix(const Action& action) {
         const auto add = [this](double x) { numbers[count++] = x; };
         if (const auto* o = std::get_if<ActionRange::opening>(&action.range.cases)) {
@@ -365,10 +368,16 @@ struct SortPrefix {
 } // namespace
 
 std::vector<const Action*> ActionEvaluator::ordered(std::vector<const Action*> actions) {
-    if (actions.size() < 2) return actions;
+    order(actions);
+    return actions;
+}
+
+void ActionEvaluator::order(std::span<const Action*> actions) {
+    if (actions.size() < 2) return;
     // Whole keys are built only for actions whose prefixes tie, once each.
+    constexpr std::size_t shortList = 16;
     struct Entry {
-        const Action* action;
+        const Action* action = nullptr;
         SortPrefix prefix;
         mutable std::optional<ActionSortKey> key;
         const ActionSortKey& whole() const {
@@ -376,25 +385,30 @@ std::vector<const Action*> ActionEvaluator::ordered(std::vector<const Action*> a
             return *key;
         }
     };
-    std::vector<Entry> entries;
-    entries.reserve(actions.size());
-    for (const Action* action : actions) entries.push_back({action, SortPrefix(*action), std::nullopt});
     const auto before = [](const Entry& a, const Entry& b) {
         if (!(a.prefix == b.prefix)) return a.prefix < b.prefix;
         return a.whole() < b.whole();
     };
-    // Lists are short: an insertion sort is stable and needs no buffer.
-    if (entries.size() <= 16) {
-        for (std::size_t i = 1; i < entries.size(); ++i)
-            for (std::size_t j = i; j > 0 && before(entries[j], entries[j - 1]); --j) std::swap(entries[j], entries[j - 1]);
-    } else {
-        std::stable_sort(entries.begin(), entries.end(), before);
+    const auto sortInto = [&](std::span<Entry> entries) {
+        for (std::size_t i = 0; i < actions.size(); ++i) entries[i].action = actions[i], entries[i].prefix = SortPrefix(*actions[i]);
+        // Lists are short: an insertion sort is stable and needs no buffer.
+        if (entries.size() <= shortList) {
+            for (std::size_t i = 1; i < entries.size(); ++i)
+                for (std::size_t j = i; j > 0 && before(entries[j], entries[j - 1]); --j) std::swap(entries[j], entries[j - 1]);
+        } else {
+            std::stable_sort(entries.begin(), entries.end(), before);
+        }
+        for (std::size_t i = 0; i < entries.size(); ++i) actions[i] = entries[i].action;
+    };
+    if (actions.size() <= shortList) {
+        std::array<Entry, shortList> entries;
+        return sortInto(std::span(entries).first(actions.size()));
     }
-    for (std::size_t i = 0; i < entries.size(); ++i) actions[i] = entries[i].action;
-    return actions;
+    std::vector<Entry> entries(actions.size());
+    sortInto(entries);
 }
 
-double ActionEvaluator::reach(const std::vector<const Action*>& actions) {
+double ActionEvaluator::reach(std::span<const Action* const> actions) {
     MediaDuration entrance, exit;
     for (const Action* action : actions) {
         if (const auto* o = std::get_if<ActionRange::opening>(&action->range.cases))
@@ -405,7 +419,7 @@ double ActionEvaluator::reach(const std::vector<const Action*>& actions) {
     return seconds(entrance) + seconds(exit);
 }
 
-std::optional<double> ActionEvaluator::squeeze(const std::vector<const Action*>& actions,
+std::optional<double> ActionEvaluator::squeeze(std::span<const Action* const> actions,
                                                const std::optional<OutputRange>& life) {
     if (!life) return std::nullopt;
     const double d = seconds(life->duration());
@@ -449,20 +463,29 @@ std::optional<ActionEvaluator::Contribution> ActionEvaluator::contribution(const
 ActionState ActionEvaluator::state(const std::vector<Action>& actions, const ActionClock& clock, bool outlineFades,
                                    const std::optional<std::string>& term, const ActionOwn& own) {
     if (actions.empty()) return ActionState::rest();
-    const std::vector<const Action*> sorted = orderedOfTerm(actions, term);
+    // Scratch lists of one evaluation live on the stack unless they outgrow it.
+    std::array<std::byte, 4096> scratch;
+    std::pmr::monotonic_buffer_resource memory(scratch.data(), scratch.size());
+    const std::pmr::vector<const Action*> sorted = orderedOfTerm(actions, term, &memory);
     if (sorted.empty()) return ActionState::rest();
     const auto k = squeeze(sorted, clock.life);
-    Accumulator accumulator{ActionState::rest(), outlineFades, own};
-    std::map<RowKey, Rows> rows;
+    ActionState out = ActionState::rest();
+    Accumulator accumulator{out, outlineFades, own};
+    // Few rows: found by a walk, then put in key order once.
+    std::pmr::vector<std::pair<RowKey, Rows>> rows(&memory);
     for (const Action* action : sorted) {
         if (isBetweenTo(*action)) {
-            rows[RowKey(*action)].take(*action, own);
+            const RowKey key(*action);
+            auto row = std::find_if(rows.begin(), rows.end(), [&](const auto& entry) { return entry.first == key; });
+            if (row == rows.end()) row = rows.insert(rows.end(), {key, Rows{&memory}});
+            row->second.take(*action, own);
             continue;
         }
         const auto at = phase(*action, clock, k);
         if (!at) continue;
         if (const auto given = contribution(*action, *at, own)) accumulator.add(*given, *action);
     }
+    std::sort(rows.begin(), rows.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
     for (const auto& [key, row] : rows) {
         for (std::size_t i = 0; i < row.tracks.size(); ++i) {
             const Track& track = row.tracks[i];
@@ -472,27 +495,30 @@ ActionState ActionEvaluator::state(const std::vector<Action>& actions, const Act
                 accumulator.add(Contribution{Contribution::Kind::track, std::move(*reached)}, *track.actions.front());
         }
     }
-    return std::move(accumulator).result();
+    accumulator.finish();
+    return out;
 }
 
 ActionState ActionEvaluator::stateOfTransition(const std::vector<Action>& actions, double progress, MediaDuration length) {
     if (actions.empty()) return ActionState::rest();
     const MediaDuration elapsed = MediaDuration::rounded(progress * double(length.microseconds));
-    std::vector<const Action*> pointers;
-    for (const Action& action : actions) pointers.push_back(&action);
-    const std::vector<const Action*> sorted = ordered(std::move(pointers));
+    std::vector<const Action*> sorted;
+    for (const Action& action : actions) sorted.push_back(&action);
+    order(sorted);
     // The transition stands for the life: opening and closing count against its length.
     const OutputRange life{OutputTime{}, OutputTime{} + length};
     const ActionClock clock{OutputTime{} + elapsed, SourceTime{elapsed.microseconds}, life, {}, {}};
     const auto k = squeeze(sorted, life);
-    Accumulator accumulator{ActionState::rest(), false, ActionOwn::none()};
+    ActionState out = ActionState::rest();
+    Accumulator accumulator{out, false, ActionOwn::none()};
     for (const Action* action : sorted) {
         const bool counted = action->range.is<ActionRange::opening>() || action->range.is<ActionRange::closing>();
         const auto at = counted ? phase(*action, clock, k) : wholePhase(seconds(elapsed), seconds(length), progress);
         if (!at) continue;
         if (const auto given = contribution(*action, *at, ActionOwn::none())) accumulator.add(*given, *action);
     }
-    return std::move(accumulator).result();
+    accumulator.finish();
+    return out;
 }
 
 } // namespace ovik

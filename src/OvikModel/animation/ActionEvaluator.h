@@ -4,6 +4,7 @@
 // the blending of two values.
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -72,10 +73,12 @@ struct ActionEvaluator {
 
     /// Sorted by `sortKey`, stably, so that the order actions were added in doesn't matter.
     static std::vector<const Action*> ordered(std::vector<const Action*> actions);
+    /// The same, in place.
+    static void order(std::span<const Action*> actions);
     /// The longest entrance and the longest exit, summed, in seconds.
-    static double reach(const std::vector<const Action*>& actions);
+    static double reach(std::span<const Action* const> actions);
     /// The factor that shortens entrance and exit to fit a short life; none when they fit.
-    static std::optional<double> squeeze(const std::vector<const Action*>& actions, const std::optional<OutputRange>& life);
+    static std::optional<double> squeeze(std::span<const Action* const> actions, const std::optional<OutputRange>& life);
     /// None when the range needs a film moment or a life that the clock lacks.
     static std::optional<Phase> phase(const Action& action, const ActionClock& clock, std::optional<double> squeeze);
 

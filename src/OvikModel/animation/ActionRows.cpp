@@ -31,8 +31,11 @@ ActionValue stepped(const Action& action, const ActionValue& from, const ActionV
 } // namespace
 
 ActionEvaluator::RowKey::RowKey(const Action& action)
-    : rank(action.property.slot().rank), property(action.property), keyframe(action.isKeyframe), axis(action.axis),
-      param(action.param), effect(action.effect) {}
+    : rank(action.property.slot().rank), property(action.property), keyframe(action.isKeyframe) {
+    if (action.axis) axis = *action.axis;
+    if (action.param) param = *action.param;
+    if (action.effect) effect = std::tuple<int, std::string_view>{action.effect->index, action.effect->name};
+}
 
 std::optional<ActionValue> ActionEvaluator::Track::value(SourceTime time, const ActionOwn& own) const {
     if (actions.empty()) return std::nullopt;
@@ -70,12 +73,12 @@ void ActionEvaluator::Rows::take(const Action& action, const ActionOwn& own) {
     if (!tracks.empty() && !tracks[current].actions.empty() && mode && range && !action.isKeyframe && mode->from) {
         const auto reached = tracks[current].value(range->start, own);
         if (reached && !same(*reached, *mode->from)) {
-            tracks.push_back(Track{{&action}});
+            tracks.push_back(Track{std::pmr::vector<const Action*>({&action}, memory)});
             current = tracks.size() - 1;
             return;
         }
     }
-    if (tracks.empty()) tracks.emplace_back();
+    if (tracks.empty()) tracks.push_back(Track{std::pmr::vector<const Action*>(memory)});
     tracks[current].actions.push_back(&action);
 }
 

@@ -133,8 +133,8 @@ std::optional<ObjectAppearance> rawAppearance(const Draft& draft, const ObjectNo
     const std::shared_ptr<const DraftTimeline> line = timeline(draft); // held for the call
     const auto found = placed(draft, line, node, time, false);
     if (!found || !found->shown) return std::nullopt;
-    ObjectAppearance look = found->motion.appearance();
-    look.age = found->age;
+    std::optional<ObjectAppearance> look(std::in_place, found->motion.appearance());
+    look->age = found->age;
     return look;
 }
 

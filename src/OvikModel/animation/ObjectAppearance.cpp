@@ -30,10 +30,9 @@ const CorePlaces& corePlaces() {
 } // namespace
 
 ObjectAppearance::ObjectAppearance(const ActionState& state, bool drawsOutline)
-    : ObjectAppearance(state.numbers, corePlaces()) {
+    : ObjectAppearance(state.numbers, corePlaces(), state.settings()) {
     color = state.color(PropertyKey::color());
     revealShape = state.revealShape;
-    settings = state.settings();
     fontAxes = state.fontAxes;
     using V = ActionValue;
     if (const auto* t = latestOf<V::text>(state, PropertyKey::text())) text = t->value;
@@ -49,10 +48,10 @@ ObjectAppearance::ObjectAppearance(const ActionState& state, bool drawsOutline)
 }
 
 template <class Numbers, class Places>
-ObjectAppearance::ObjectAppearance(const Numbers& n, const Places& at)
+ObjectAppearance::ObjectAppearance(const Numbers& n, const Places& at, ActionState settings)
     : opacity(n[at.opacity]), scale(n[at.scale]), offset{n[at.position], n[at.position + 1]}, stretchX(n[at.stretchX]),
       stretchY(n[at.stretchY]), skew(n[at.skew]), rotation(n[at.rotation]), blur(n[at.blur]), depth(n[at.depth]),
-      rotationX(n[at.rotationX]), rotationY(n[at.rotationY]), reveal(n[at.reveal]) {}
+      rotationX(n[at.rotationX]), rotationY(n[at.rotationY]), reveal(n[at.reveal]), settings(std::move(settings)) {}
 
 const ObjectAppearance& ObjectAppearance::full() {
     static const ObjectAppearance appearance;

@@ -53,7 +53,7 @@ struct ObjectAppearance {
 private:
     /// The moving numbers read from a state's places.
     template <class Numbers, class Places>
-    ObjectAppearance(const Numbers& numbers, const Places& places);
+    ObjectAppearance(const Numbers& numbers, const Places& places, ActionState settings);
 };
 
 } // namespace ovik
