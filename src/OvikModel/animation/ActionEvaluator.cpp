@@ -337,10 +337,10 @@ namespace {
 // The first numbers of an action's sort key: range kind and moments, property rank, mode kind.
 // They decide most comparisons without building the whole key.
 struct SortPrefix {
-    std::array<double, 5> numbers{};
+    std::array<double, 5> numbers;
     std::size_t count = 0;
 
-    SortPrefix() = default;
+    SortPrefix() = default; // for a buffer whose entries are written before they are read
     explicit SortPrefix(const Action& action) {
         const auto add = [this](double x) { numbers[count++] = x; };
         if (const auto* o = std::get_if<ActionRange::opening>(&action.range.cases)) {
@@ -365,6 +365,8 @@ struct SortPrefix {
     }
 };
 
+constexpr std::size_t shortList = 16;
+
 } // namespace
 
 std::vector<const Action*> ActionEvaluator::ordered(std::vector<const Action*> actions) {
@@ -374,23 +376,18 @@ std::vector<const Action*> ActionEvaluator::ordered(std::vector<const Action*> a
 
 void ActionEvaluator::order(std::span<const Action*> actions) {
     if (actions.size() < 2) return;
-    // Whole keys are built only for actions whose prefixes tie, once each.
-    constexpr std::size_t shortList = 16;
+    // Entries are plain values, cheap to make and swap; whole keys are built only when two
+    // prefixes tie, which is rare.
     struct Entry {
-        const Action* action = nullptr;
+        const Action* action;
         SortPrefix prefix;
-        mutable std::optional<ActionSortKey> key;
-        const ActionSortKey& whole() const {
-            if (!key) key = action->sortKey();
-            return *key;
-        }
     };
     const auto before = [](const Entry& a, const Entry& b) {
         if (!(a.prefix == b.prefix)) return a.prefix < b.prefix;
-        return a.whole() < b.whole();
+        return a.action->sortKey() < b.action->sortKey();
     };
     const auto sortInto = [&](std::span<Entry> entries) {
-        for (std::size_t i = 0; i < actions.size(); ++i) entries[i].action = actions[i], entries[i].prefix = SortPrefix(*actions[i]);
+        for (std::size_t i = 0; i < actions.size(); ++i) entries[i] = Entry{actions[i], SortPrefix(*actions[i])};
         // Lists are short: an insertion sort is stable and needs no buffer.
         if (entries.size() <= shortList) {
             for (std::size_t i = 1; i < entries.size(); ++i)
@@ -401,7 +398,7 @@ void ActionEvaluator::order(std::span<const Action*> actions) {
         for (std::size_t i = 0; i < entries.size(); ++i) actions[i] = entries[i].action;
     };
     if (actions.size() <= shortList) {
-        std::array<Entry, shortList> entries;
+        std::array<Entry, shortList> entries; // left unset: each is written before it is read
         return sortInto(std::span(entries).first(actions.size()));
     }
     std::vector<Entry> entries(actions.size());

@@ -133,7 +133,13 @@ std::optional<ObjectAppearance> rawAppearance(const Draft& draft, const ObjectNo
     const std::shared_ptr<const DraftTimeline> line = timeline(draft); // held for the call
     const auto found = placed(draft, line, node, time, false);
     if (!found || !found->shown) return std::nullopt;
-    std::optional<ObjectAppearance> look(std::in_place, found->motion.appearance());
+    // Made in place: an appearance is large, and moving it costs a copy of most of it.
+    const ObjectMotion& motion = found->motion;
+    std::optional<ObjectAppearance> look;
+    if (motion.moves())
+        look.emplace(motion.own(motion.node->actions, motion.clock->now), !motion.outlineFades);
+    else
+        look.emplace(ObjectAppearance::full());
     look->age = found->age;
     return look;
 }

@@ -30,7 +30,7 @@ const CorePlaces& corePlaces() {
 } // namespace
 
 ObjectAppearance::ObjectAppearance(const ActionState& state, bool drawsOutline)
-    : ObjectAppearance(state.numbers, corePlaces(), state.settings()) {
+    : ObjectAppearance(state, corePlaces()) {
     color = state.color(PropertyKey::color());
     revealShape = state.revealShape;
     fontAxes = state.fontAxes;
@@ -47,11 +47,14 @@ ObjectAppearance::ObjectAppearance(const ActionState& state, bool drawsOutline)
     }
 }
 
-template <class Numbers, class Places>
-ObjectAppearance::ObjectAppearance(const Numbers& n, const Places& at, ActionState settings)
-    : opacity(n[at.opacity]), scale(n[at.scale]), offset{n[at.position], n[at.position + 1]}, stretchX(n[at.stretchX]),
-      stretchY(n[at.stretchY]), skew(n[at.skew]), rotation(n[at.rotation]), blur(n[at.blur]), depth(n[at.depth]),
-      rotationX(n[at.rotationX]), rotationY(n[at.rotationY]), reveal(n[at.reveal]), settings(std::move(settings)) {}
+// The settings are made in their place: a state is large, and moving it costs a copy of most.
+template <class Places>
+ObjectAppearance::ObjectAppearance(const ActionState& state, const Places& at)
+    : opacity(state.numbers[at.opacity]), scale(state.numbers[at.scale]),
+      offset{state.numbers[at.position], state.numbers[at.position + 1]}, stretchX(state.numbers[at.stretchX]),
+      stretchY(state.numbers[at.stretchY]), skew(state.numbers[at.skew]), rotation(state.numbers[at.rotation]),
+      blur(state.numbers[at.blur]), depth(state.numbers[at.depth]), rotationX(state.numbers[at.rotationX]),
+      rotationY(state.numbers[at.rotationY]), reveal(state.numbers[at.reveal]), settings(state.settings()) {}
 
 const ObjectAppearance& ObjectAppearance::full() {
     static const ObjectAppearance appearance;

@@ -52,8 +52,8 @@ struct ObjectAppearance {
 
 private:
     /// The moving numbers read from a state's places.
-    template <class Numbers, class Places>
-    ObjectAppearance(const Numbers& numbers, const Places& places, ActionState settings);
+    template <class Places>
+    ObjectAppearance(const ActionState& state, const Places& places);
 };
 
 } // namespace ovik

@@ -28,7 +28,7 @@ ActionState ObjectMotion::whole() const {
 }
 
 ObjectAppearance ObjectMotion::appearance() const {
-    if (!clock || node->actions.empty()) return ObjectAppearance::full();
+    if (!moves()) return ObjectAppearance::full();
     return ObjectAppearance(own(node->actions, clock->now), !outlineFades);
 }
 

@@ -24,6 +24,8 @@ struct ObjectMotion {
     ActionState own(const std::vector<Action>& actions, std::optional<OutputTime> output) const;
     /// The actions that move all parts together.
     ActionState whole() const;
+    /// Whether any action can move the object: it has actions and a clock to run them on.
+    bool moves() const { return clock && !node->actions.empty(); }
     ObjectAppearance appearance() const;
 };
 
