@@ -54,7 +54,7 @@ JSONValue appearanceJSON(const ObjectAppearance& look) {
                           {"depth", look.depth},         {"rotationX", look.rotationX},
                           {"rotationY", look.rotationY}, {"reveal", look.reveal},
                           {"strokeStart", look.strokeStart}, {"strokeOffset", look.strokeOffset},
-                          {"settings", settingsJSON(look.settings)}, {"become", look.become}};
+                          {"settings", settingsJSON(look.settingsState())}, {"become", look.become}};
     if (look.color) out.insert_or_assign("color", JSONValue(look.color->hexAlphaText()));
     if (look.revealShape) out.insert_or_assign("revealShape", encodeJSON(*look.revealShape));
     if (look.text) out.insert_or_assign("text", JSONValue(*look.text));

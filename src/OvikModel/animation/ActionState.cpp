@@ -88,6 +88,14 @@ ActionState ActionState::settings() const {
     return out;
 }
 
+bool ActionState::configures() const {
+    if (!effectShifts.empty() || !paramMoves.empty()) return true;
+    const auto& rest = PropertyTable::restNumbers();
+    const auto& slots = PropertyTable::settingNumberSlots();
+    return std::any_of(slots.begin(), slots.end(),
+                       [&](int i) { return numbers[std::size_t(i)] != rest[std::size_t(i)]; });
+}
+
 ActionState ActionState::combined(const ActionState& other) const {
     ActionState out = *this;
     for (const auto& [index, multiplies] : PropertyTable::numberComposition()) {

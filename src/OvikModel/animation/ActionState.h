@@ -61,6 +61,8 @@ struct ActionState {
     /// Rest, but for the numbers that configure rather than move, and the effect and
     /// generator parameter moves.
     ActionState settings() const;
+    /// Whether `settings` differs from rest.
+    bool configures() const;
     /// A parent's state `other` merged into this one, for parts and driver poses.
     ActionState combined(const ActionState& other) const;
 

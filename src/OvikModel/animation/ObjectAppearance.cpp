@@ -47,14 +47,15 @@ ObjectAppearance::ObjectAppearance(const ActionState& state, bool drawsOutline)
     }
 }
 
-// The settings are made in their place: a state is large, and moving it costs a copy of most.
 template <class Places>
 ObjectAppearance::ObjectAppearance(const ActionState& state, const Places& at)
     : opacity(state.numbers[at.opacity]), scale(state.numbers[at.scale]),
       offset{state.numbers[at.position], state.numbers[at.position + 1]}, stretchX(state.numbers[at.stretchX]),
       stretchY(state.numbers[at.stretchY]), skew(state.numbers[at.skew]), rotation(state.numbers[at.rotation]),
       blur(state.numbers[at.blur]), depth(state.numbers[at.depth]), rotationX(state.numbers[at.rotationX]),
-      rotationY(state.numbers[at.rotationY]), reveal(state.numbers[at.reveal]), settings(state.settings()) {}
+      rotationY(state.numbers[at.rotationY]), reveal(state.numbers[at.reveal]) {
+    if (state.configures()) settings = state.settings();
+}
 
 const ObjectAppearance& ObjectAppearance::full() {
     static const ObjectAppearance appearance;

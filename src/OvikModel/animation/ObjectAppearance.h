@@ -6,6 +6,7 @@
 #include <string>
 
 #include "OvikModel/animation/ActionState.h"
+#include "OvikModel/values/HeldIfSet.h"
 
 namespace ovik {
 
@@ -31,7 +32,10 @@ struct ObjectAppearance {
     double strokeStart = 0;
     double strokeOffset = 0;
     std::optional<BezierPath> path;
-    ActionState settings = ActionState::rest();
+    /// The numbers that configure rather than move, and the effect and parameter moves
+    /// (`ActionState.settings`); none when all are at rest, as in most appearances, which then
+    /// carry no state of their own.
+    HeldIfSet<ActionState> settings;
     /// Seconds since the object appeared, for objects that animate by themselves.
     std::optional<double> age;
     double become = 0;
@@ -45,6 +49,8 @@ struct ObjectAppearance {
     static const ObjectAppearance& full();
 
     bool isFull() const { return *this == full(); }
+    /// The settings, rest when none are held.
+    const ActionState& settingsState() const { return settings ? *settings : ActionState::rest(); }
     /// No stretch, skew, rotation, blur or colour.
     bool isPlain() const;
 

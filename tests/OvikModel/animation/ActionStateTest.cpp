@@ -127,6 +127,25 @@ TEST(ObjectAppearance, ReadsTheStateAndDrawsOnlyADrawableOutline) {
     EXPECT_TRUE(drawn.isPlain());
 }
 
+TEST(ObjectAppearance, CarriesSettingsOnlyWhenSomethingConfigures) {
+    ActionState moved = ActionState::rest();
+    moved.setOffset(CGVector{3, 4});
+    ActionState arranged = moved;
+    arranged[PropertyKey::arrangeAngle()] = 30;
+    ActionState shifted = moved;
+    shifted.effectShifts[EffectAddress{0, "amount"}] = 0.5;
+    const struct {
+        const char* what;
+        const ActionState& state;
+        bool held;
+    } cases[] = {{"a move only", moved, false}, {"a setting number", arranged, true}, {"an effect shift", shifted, true}};
+    for (const auto& c : cases) {
+        const ObjectAppearance look(c.state, true);
+        EXPECT_EQ(look.settings.has_value(), c.held) << c.what;
+        EXPECT_EQ(look.settingsState(), c.state.settings()) << c.what;
+    }
+}
+
 // A still section of 4 s, then one of 6 s: the second plays from film second 4.
 Draft twoStills(ObjectNode node) {
     Draft draft = draftOf({stillSection(1, 4'000'000), stillSection(2, 6'000'000)});
