@@ -130,8 +130,12 @@ std::optional<ObjectMotion> rawMotion(const Draft& draft, const ObjectNode& node
 }
 
 std::optional<ObjectAppearance> rawAppearance(const Draft& draft, const ObjectNode& node, OutputTime time) {
-    const std::shared_ptr<const DraftTimeline> line = timeline(draft); // held for the call
-    const auto found = placed(draft, line, node, time, false);
+    return rawAppearance(draft, timeline(draft), node, time); // the timeline is held for the call
+}
+
+std::optional<ObjectAppearance> rawAppearance(const Draft& draft, const std::shared_ptr<const DraftTimeline>& timeline,
+                                              const ObjectNode& node, OutputTime time) {
+    const auto found = placed(draft, timeline, node, time, false);
     if (!found || !found->shown) return std::nullopt;
     // Made in place: an appearance is large, and moving it costs a copy of most of it.
     const ObjectMotion& motion = found->motion;

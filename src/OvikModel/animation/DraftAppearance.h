@@ -1,6 +1,7 @@
 #pragma once
 // What the objects, media, lens and look of a draft are at a moment of the film. An object's
 // own clock (a snippet's), drivers and becoming are not applied here yet.
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -19,6 +20,10 @@ std::optional<ObjectMotion> rawMotion(const Draft& draft, const ObjectNode& node
 
 /// The appearance of `node` at `time`; none where it isn't shown.
 std::optional<ObjectAppearance> rawAppearance(const Draft& draft, const ObjectNode& node, OutputTime time);
+/// The same with the draft's timeline (`timeline(draft)`) in hand, for a caller that evaluates
+/// many objects at one moment and looks it up once.
+std::optional<ObjectAppearance> rawAppearance(const Draft& draft, const std::shared_ptr<const DraftTimeline>& timeline,
+                                              const ObjectNode& node, OutputTime time);
 
 /// A section's actions (its lens or look) at the film moment `output`, showing `source`.
 ActionState timelineState(const DraftTimeline& timeline, const std::vector<Action>& actions, SectionID section,

@@ -22,9 +22,4 @@ std::vector<ObjectNode>* ObjectContent::children() {
     return g ? &g->value : nullptr;
 }
 
-const Annotation* ObjectNode::annotation() const {
-    const auto* leaf = std::get_if<ObjectContent::annotation>(&content.cases);
-    return leaf ? &leaf->value : nullptr;
-}
-
 } // namespace ovik

@@ -88,7 +88,10 @@ struct ObjectNode {
 
     bool isGroup() const { return content.isGroup(); }
     /// The annotation of a leaf; none for a group.
-    const Annotation* annotation() const;
+    const Annotation* annotation() const {
+        const auto* leaf = std::get_if<ObjectContent::annotation>(&content.cases);
+        return leaf ? &leaf->value : nullptr;
+    }
 
     bool operator==(const ObjectNode&) const = default;
 
