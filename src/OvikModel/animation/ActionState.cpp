@@ -81,7 +81,7 @@ bool ActionState::isInDepth() const {
 }
 
 ActionState ActionState::settings() const {
-    ActionState out = rest();
+    ActionState out; // at rest
     for (const int i : PropertyTable::settingNumberSlots()) out.numbers[std::size_t(i)] = numbers[std::size_t(i)];
     out.effectShifts = effectShifts;
     out.paramMoves = paramMoves;
