@@ -5,7 +5,9 @@
 #include <cstring>
 #include <memory>
 
+#include "OvikPlatform/codecs/ByteFields.h"
 #include "OvikPlatform/codecs/ImageCodecError.h"
+#include "OvikPlatform/codecs/Premultiply.h"
 
 namespace ovik::PNGCodec {
 namespace {
@@ -20,13 +22,8 @@ struct ImageReader {
     throw ImageCodecError(std::string(what) + (image.message[0] ? std::string(": ") + image.message : std::string()));
 }
 
-// libpng reads and writes straight alpha; bitmaps here are premultiplied.
-void premultiply(std::vector<std::uint8_t>& pixels) {
-    for (std::size_t i = 0; i + 3 < pixels.size(); i += 4) {
-        const unsigned alpha = pixels[i + 3];
-        for (int c = 0; c < 3; ++c) pixels[i + c] = std::uint8_t((pixels[i + c] * alpha + 127) / 255);
-    }
-}
+// A pHYs unit of 1 counts pixels per metre; 0.0254 m make an inch.
+constexpr double metresPerInch = 0.0254;
 
 std::vector<std::uint8_t> unpremultiplied(const CGImage& image) {
     const auto width = std::size_t(image.width()), height = std::size_t(image.height());
@@ -56,15 +53,33 @@ CGImage decode(std::string_view bytes) {
     if (!png_image_begin_read_from_memory(&reader.image, bytes.data(), bytes.size()))
         fail(reader.image, "Unreadable PNG header");
     const std::int64_t width = reader.image.width, height = reader.image.height;
-    if (width <= 0 || height <= 0 || width > maximumSide || height > maximumSide || width * height > maximumPixels)
-        throw ImageCodecError("PNG of " + std::to_string(width) + " × " + std::to_string(height) +
-                              " pixels is outside the limits");
+    ImageLimits::require(width, height, "PNG");
     reader.image.format = PNG_FORMAT_RGBA;
     std::vector<std::uint8_t> pixels(std::size_t(width * height * 4));
     if (!png_image_finish_read(&reader.image, nullptr, pixels.data(), 0, nullptr))
         fail(reader.image, "Damaged PNG data");
+    // libpng reads straight alpha; bitmaps here are premultiplied.
     premultiply(pixels);
     return CGImage(width, height, width * 4, std::move(pixels));
+}
+
+ImageProperties properties(std::string_view bytes) {
+    // IHDR comes first: length 13 at byte 8, the width at 16 and the height at 20.
+    const auto width = readField(bytes, 16, 4), height = readField(bytes, 20, 4);
+    if (!hasSignature(bytes) || slice(bytes, 12, 4) != "IHDR" || !width || !height)
+        throw ImageCodecError("Unreadable PNG header");
+    ImageProperties found{*width, *height};
+    // Chunks are length, type, data and a CRC; pHYs may only stand before the first IDAT.
+    for (std::size_t at = 8; at + 8 <= bytes.size();) {
+        const std::uint32_t length = *readField(bytes, at, 4);
+        const std::string_view type = slice(bytes, at + 4, 4);
+        if (type == "IDAT" || type == "IEND") break;
+        const auto perUnit = readField(bytes, at + 8, 4), unit = readField(bytes, at + 16, 1);
+        if (type == "pHYs" && length == 9 && perUnit && unit && *unit == 1 && *perUnit > 0)
+            found.dotsPerInch = *perUnit * metresPerInch;
+        at += std::size_t(length) + 12;
+    }
+    return found;
 }
 
 std::string encode(const CGImage& image) {

@@ -4,18 +4,23 @@
 #include <string>
 #include <string_view>
 
+#include "OvikPlatform/codecs/ImageLimits.h"
+#include "OvikPlatform/codecs/ImageProperties.h"
 #include "OvikPlatform/image/CGImage.h"
 
 namespace ovik::PNGCodec {
 
-/// The largest picture read: a side of 32768 pixels and 2^28 pixels in all.
-constexpr std::int64_t maximumSide = 32768;
-constexpr std::int64_t maximumPixels = std::int64_t(1) << 28;
+/// The largest picture read: the limits of every decoder.
+using ImageLimits::maximumPixels;
+using ImageLimits::maximumSide;
 
 /// Whether the bytes begin with the PNG signature.
 bool hasSignature(std::string_view bytes);
 /// Throws `ImageCodecError` for anything that isn't a whole PNG within the limits.
 CGImage decode(std::string_view bytes);
+/// The size from the header and the resolution from a `pHYs` chunk before the pixel data.
+/// Throws `ImageCodecError` when the header is missing or damaged.
+ImageProperties properties(std::string_view bytes);
 /// Throws `ImageCodecError` for an empty image.
 std::string encode(const CGImage& image);
 

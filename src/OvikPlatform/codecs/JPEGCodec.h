@@ -1,0 +1,19 @@
+#pragma once
+// JPEG files to premultiplied RGBA bitmaps, through libjpeg-turbo. The EXIF orientation is
+// applied, so a picture comes out as it is meant to be seen.
+#include <string_view>
+
+#include "OvikPlatform/codecs/ImageProperties.h"
+#include "OvikPlatform/image/CGImage.h"
+
+namespace ovik::JPEGCodec {
+
+/// Whether the bytes begin with a JPEG start-of-image marker.
+bool hasSignature(std::string_view bytes);
+/// Throws `ImageCodecError` for anything that isn't a whole JPEG within the limits, and for
+/// CMYK pictures.
+CGImage decode(std::string_view bytes);
+/// The shown size and the JFIF resolution, from the header alone.
+ImageProperties properties(std::string_view bytes);
+
+} // namespace ovik::JPEGCodec

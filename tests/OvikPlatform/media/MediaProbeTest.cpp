@@ -1,0 +1,137 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <fstream>
+
+#include "OvikPlatform/media/FFmpegTool.h"
+#include "OvikPlatform/media/MediaError.h"
+#include "OvikPlatform/media/MediaProbe.h"
+#include "OvikPlatform/media/TestMovies.h"
+
+namespace ovik {
+namespace {
+
+using testing::TestMovies;
+
+std::filesystem::path written(const std::string& name, const std::string& bytes) {
+    const std::filesystem::path path = TestMovies::folder() / name;
+    std::ofstream(path, std::ios::binary) << bytes;
+    return path;
+}
+
+// The one-frame movie with its frame's length set to 0 in the time-to-sample table: a file
+// that gives no frame rate at all.
+std::filesystem::path withoutFrameRate() {
+    std::string bytes = testing::fileBytes(TestMovies::oneFrame());
+    const std::size_t stts = bytes.find("stts");
+    const std::size_t entries = stts + 8;
+    EXPECT_EQ(bytes.substr(entries, 4), std::string("\0\0\0\1", 4)) << "one entry";
+    bytes.replace(entries + 8, 4, std::string(4, '\0'));
+    return written("rateless.mp4", bytes);
+}
+
+TEST(MediaProbe, ReadsAMoviesShownSizeRateLengthTracksAndTurns) {
+    struct Case {
+        std::filesystem::path path;
+        std::int64_t width, height;
+        double frameRate;
+        double duration;
+        std::optional<int> audioTrackID;
+        double audioOffset;
+        int turns;
+    };
+    // The turned movie's audio was put half a second late; AAC's 1024 priming samples at
+    // 44.1 kHz start it 23 ms earlier.
+    const Case cases[] = {
+        {TestMovies::colours(), 64, 48, 10, 3, std::nullopt, 0, 0},
+        {TestMovies::turned(), 48, 64, 10, 1, 1, 0.5 - 1024 / 44100.0, 3},
+        {TestMovies::fast(), 64, 48, 240, 0.1, std::nullopt, 0, 0},
+        {withoutFrameRate(), 64, 48, 30, -1, std::nullopt, 0, 0},
+        {TestMovies::oneFrame(), 64, 48, 10, 0.1, std::nullopt, 0, 0},
+    };
+    for (const Case& c : cases) {
+        const MediaProbe::Movie movie = MediaProbe::movie(c.path);
+        EXPECT_EQ(movie.width, c.width) << c.path;
+        EXPECT_EQ(movie.height, c.height) << c.path;
+        EXPECT_DOUBLE_EQ(movie.frameRate, c.frameRate) << c.path;
+        if (c.duration >= 0) {
+            EXPECT_NEAR(movie.duration.seconds(), c.duration, 0.01) << c.path;
+        }
+        EXPECT_EQ(movie.videoTrackID, 0) << c.path;
+        EXPECT_EQ(movie.audioTrackID, c.audioTrackID) << c.path;
+        EXPECT_NEAR(movie.audioOffset.seconds(), c.audioOffset, 0.005) << c.path;
+        EXPECT_EQ(movie.turns, c.turns) << c.path;
+    }
+}
+
+TEST(MediaProbe, RefusesMoviesItCantReadWithTheirPath) {
+    struct Case {
+        std::filesystem::path path;
+        MediaError::Kind kind;
+    };
+    const Case cases[] = {
+        {TestMovies::folder() / "nowhere.mov", MediaError::Kind::unreadable},
+        {written("noise.mov", std::string(2048, '\x17')), MediaError::Kind::unreadable},
+        {TestMovies::soundOnly(), MediaError::Kind::empty},
+    };
+    for (const Case& c : cases) {
+        try {
+            MediaProbe::movie(c.path);
+            ADD_FAILURE() << c.path;
+        } catch (const MediaError& error) {
+            EXPECT_EQ(error.kind(), c.kind) << c.path << ": " << error.what();
+            EXPECT_EQ(error.path(), c.path);
+        }
+    }
+}
+
+TEST(MediaProbe, PictureScaleFollowsTheDeclaredResolution) {
+    struct Case {
+        int dotsPerInch;
+        int scale;
+    };
+    // 72 dpi is one pixel a point; the scale rounds, and stays within 1...3.
+    const Case cases[] = {{20, 1}, {72, 1}, {100, 1}, {130, 2}, {144, 2}, {250, 3}, {300, 3}, {600, 3}};
+    for (const Case& c : cases) {
+        const std::filesystem::path path = TestMovies::folder() / ("dpi" + std::to_string(c.dotsPerInch) + ".png");
+        ASSERT_TRUE(testing::runFFmpeg("-f lavfi -i color=c=white:s=30x20 -frames:v 1 -dpi " +
+                                       std::to_string(c.dotsPerInch) + " " + path.string()));
+        const MediaProbe::Picture picture = MediaProbe::picture(path);
+        EXPECT_EQ(picture.scale, c.scale) << c.dotsPerInch;
+        EXPECT_EQ(picture.width, 30);
+        EXPECT_EQ(picture.height, 20);
+        EXPECT_TRUE(picture.png);
+    }
+}
+
+TEST(MediaProbe, PicturesWithoutAResolutionAreOnePixelAPointAndOnlyPNGsArePNG) {
+    const std::filesystem::path jpeg = TestMovies::folder() / "plain.jpg";
+    const std::filesystem::path png = TestMovies::folder() / "plain.png";
+    ASSERT_TRUE(testing::runFFmpeg("-f lavfi -i color=c=white:s=30x20 -frames:v 1 " + jpeg.string()));
+    ASSERT_TRUE(testing::runFFmpeg("-f lavfi -i color=c=white:s=30x20 -frames:v 1 " + png.string()));
+    EXPECT_FALSE(MediaProbe::picture(jpeg).png);
+    EXPECT_EQ(MediaProbe::picture(jpeg).scale, 1);
+    EXPECT_EQ(MediaProbe::picture(png).scale, 1);
+    EXPECT_TRUE(MediaProbe::picture(png).png);
+}
+
+TEST(MediaProbe, RefusesPicturesItCantReadWithTheirPath) {
+    const std::filesystem::path paths[] = {
+        TestMovies::folder() / "nowhere.png",
+        written("noise.png", std::string(100, '\x42')),
+        written("cut.png", std::string("\x89PNG\r\n\x1a\n", 8)),
+        TestMovies::colours(),
+    };
+    for (const std::filesystem::path& path : paths) {
+        try {
+            MediaProbe::picture(path);
+            ADD_FAILURE() << path;
+        } catch (const MediaError& error) {
+            EXPECT_EQ(error.kind(), MediaError::Kind::unreadable) << path;
+            EXPECT_EQ(error.path(), path);
+        }
+    }
+}
+
+} // namespace
+} // namespace ovik
