@@ -86,12 +86,6 @@ Background takeBackground(const PropertyValue& value, const Background& current)
     refuseBackground(value);
 }
 
-std::optional<PackagePath> backgroundImage(const Background& background) {
-    if (const auto* image = std::get_if<Background::image>(&background.cases)) return image->value;
-    if (const auto* catalog = std::get_if<Background::catalog>(&background.cases)) return catalog->image;
-    return std::nullopt;
-}
-
 // A path inside the package: relative, with no component that climbs out or stands for nothing.
 bool staysInside(std::string_view path) {
     if (path.empty() || path.front() == '/') return false;
@@ -107,7 +101,7 @@ bool staysInside(std::string_view path) {
 void writeBackgroundImage(Draft& draft, const PropertyValue& value) {
     const std::string text = value.text();
     if (text == "none") {
-        if (backgroundImage(draft.style.background)) draft.style.background = Background::makeNone();
+        if (draft.style.background.picture()) draft.style.background = Background::makeNone();
         return;
     }
     if (!staysInside(text)) refuse("model.property.style.image.invalid", {value.name});
@@ -197,7 +191,7 @@ std::shared_ptr<const SectionAccess> backgroundAccess() {
 std::shared_ptr<const SectionAccess> backgroundImageAccess() {
     return onDraft(
         [](const Draft& draft) -> std::optional<JSONValue> {
-            const auto path = backgroundImage(draft.style.background);
+            const auto path = draft.style.background.picture();
             return JSONValue(path ? path->relative : std::string("none"));
         },
         [](Draft& draft, const PropertyValue& value, const PropertySpec&) { writeBackgroundImage(draft, value); });
