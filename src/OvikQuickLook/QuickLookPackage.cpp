@@ -4,7 +4,7 @@
 #include <set>
 
 #include "OvikModel/draft/LUTFiles.h"
-#include "OvikModel/objects/ObjectWalks.h"
+#include "OvikModel/draft/PicturePaths.h"
 #include "OvikPlatform/files/ReadFile.h"
 #include "OvikPlatform/files/ResolvedPath.h"
 #include "OvikQuickLook/QuickLookError.h"
@@ -31,18 +31,10 @@ void appendMediaPaths(const Draft& draft, std::vector<PackagePath>& out) {
     }
 }
 
-std::optional<PackagePath> backgroundPicture(const Background& background) {
-    if (const auto* image = std::get_if<Background::image>(&background.cases)) return image->value;
-    if (const auto* catalog = std::get_if<Background::catalog>(&background.cases)) return catalog->image;
-    return std::nullopt;
-}
-
 // Pictures and other files of the object tree and the style, each once, in text order.
 void appendPicturePaths(const Draft& draft, std::vector<PackagePath>& out) {
-    std::set<std::string> texts;
-    for (const PackagePath& path : objectPaths(draft.objects)) texts.insert(path.relative);
-    if (auto picture = backgroundPicture(draft.style.background)) texts.insert(picture->relative);
-    for (const std::string& text : texts) out.push_back(PackagePath{text});
+    const std::set<PackagePath> paths = picturePaths(draft);
+    out.insert(out.end(), paths.begin(), paths.end());
 }
 
 void appendFontPaths(const Draft& draft, std::vector<PackagePath>& out) {

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "OvikL10n/L10n.h"
+#include "OvikModel/objects/FontAxes.h"
 
 namespace ovik {
 namespace {
@@ -54,13 +55,6 @@ bool isNonNegative(double x) { return std::isfinite(x) && x >= 0; }
 bool isUnit(double x) { return x >= 0 && x <= 1; }
 bool isFinite(const CGPoint& p) { return std::isfinite(p.x) && std::isfinite(p.y); }
 bool isOfKind(const ActionValue& value, Kind kind) { return value.kind() == kind && value.isFinite(); }
-
-// An OpenType tag: four printable ASCII characters, not starting with a space.
-// pending: FontAxes.tag
-bool isAxisTag(const std::string& tag) {
-    return tag.size() == 4 && tag[0] != ' ' &&
-           std::all_of(tag.begin(), tag.end(), [](char c) { return c >= 0x20 && c <= 0x7E; });
-}
 
 Problem toProblem(const ActionMode::to& mode, Kind expected, const std::string& title) {
     if (mode.to.kind() != expected || (mode.from && mode.from->kind() != expected))
@@ -178,7 +172,7 @@ std::optional<std::string> Action::fontTag() const {
 
 std::optional<std::string> Action::axisProblem() const {
     if (property == PropertyKey::fontAxis()) {
-        if (!axis || !isAxisTag(*axis)) return L10n::text("model.action.fontAxis.required");
+        if (!axis || !FontAxes::isTag(*axis)) return L10n::text("model.action.fontAxis.required");
         return std::nullopt;
     }
     if (axis) return L10n::text("model.action.fontAxis.only");

@@ -6,6 +6,19 @@
 #include "OvikModel/animation/ActionEvaluator.h"
 
 namespace ovik {
+namespace {
+
+// A text's own font axes are what its axis actions shift; generator parameters are not modelled
+// yet, and other objects have nothing of their own.
+const ActionOwn& ownOf(const ObjectNode& node, ActionOwn& scratch) {
+    const Annotation* annotation = node.annotation();
+    const auto* text = annotation ? std::get_if<Annotation::text>(&annotation->cases) : nullptr;
+    if (!text || text->value.axes.values.empty()) return ActionOwn::none();
+    scratch.fontAxes = text->value.axes.values;
+    return scratch;
+}
+
+} // namespace
 
 ActionState ObjectMotion::state(const std::vector<Action>& actions) const {
     if (!clock || actions.empty()) return ActionState::rest();
@@ -14,10 +27,11 @@ ActionState ObjectMotion::state(const std::vector<Action>& actions) const {
 
 ActionState ObjectMotion::own(const std::vector<Action>& actions, std::optional<OutputTime> output) const {
     if (!clock || actions.empty()) return ActionState::rest();
-    // The node's own font axes and generator parameters are not modelled yet: nothing of its own.
+    ActionOwn scratch;
+    const ActionOwn& mine = ownOf(*node, scratch);
     if (!output || !clock->now || *output == *clock->now)
-        return ActionEvaluator::state(actions, *clock, outlineFades, std::nullopt, ActionOwn::none());
-    return ActionEvaluator::state(actions, clock->at(*output), outlineFades, std::nullopt, ActionOwn::none());
+        return ActionEvaluator::state(actions, *clock, outlineFades, std::nullopt, mine);
+    return ActionEvaluator::state(actions, clock->at(*output), outlineFades, std::nullopt, mine);
 }
 
 ActionState ObjectMotion::whole() const {

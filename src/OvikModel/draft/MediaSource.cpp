@@ -51,4 +51,14 @@ MediaSource JSONCoding<MediaSource>::decode(JSONNode node, const CodingPath& pat
     throw DecodingError::dataCorrupted(path, "Unknown media kind " + std::string(name) + ": the draft was made by a newer Ovik");
 }
 
+PixelSize MediaSource::pixelSize() const {
+    return std::visit([](const auto& each) { return each.value.pixelSize; }, cases);
+}
+
+double MediaSource::scale() const {
+    if (const auto* shot = std::get_if<screenshot>(&cases)) return shot->value.scale;
+    if (const auto* movie = std::get_if<recording>(&cases)) return movie->value.area.scale;
+    return std::get<canvas>(cases).value.scale;
+}
+
 } // namespace ovik

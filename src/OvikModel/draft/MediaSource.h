@@ -32,6 +32,10 @@ struct MediaSource : Enumeration<MediaSource> {
     static MediaSource makeRecording(Recording value) { return MediaSource{{}, recording{std::move(value)}}; }
     static MediaSource makeCanvas(Canvas value) { return MediaSource{{}, canvas{std::move(value)}}; }
 
+    /// The picture's size in pixels, and its pixels per point.
+    PixelSize pixelSize() const;
+    double scale() const;
+
     bool operator==(const MediaSource&) const = default;
 };
 

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "OvikPlatform/geometry/CGPoint.h"
+#include "OvikModel/objects/FontAxes.h"
 #include "OvikModel/objects/FormulaStyle.h"
 #include "OvikModel/objects/TextFont.h"
 #include "OvikModel/values/RGBA.h"
@@ -38,7 +39,7 @@ struct TextAnnotation {
     double lineSpacing = 1;
     std::optional<FormulaStyle> formula;
     bool vertical = false;
-    std::optional<JSONValue> axes; // pending: FontAxes; a canonical file holds none without an axis
+    FontAxes axes;
 
     bool operator==(const TextAnnotation&) const = default;
     static constexpr auto jsonFields() {
@@ -55,7 +56,7 @@ struct TextAnnotation {
                           defaulted("lineSpacing", &T::lineSpacing),
                           optional("formula", &T::formula),
                           defaulted("vertical", &T::vertical),
-                          optional("axes", &T::axes)};
+                          defaulted("axes", &T::axes)};
     }
 };
 

@@ -219,4 +219,39 @@ std::shared_ptr<const ObjectAccess> fontAccess() {
         &TextAnnotation::font);
 }
 
+std::shared_ptr<const ObjectAccess> fontWeightAccess() {
+    const auto read = [](const Annotation& annotation) {
+        std::optional<JSONValue> out;
+        withRecord<TextAnnotation>(annotation, [&](const TextAnnotation& text) {
+            const auto axis = text.axes.values.find(FontAxes::weight);
+            out = axis != text.axes.values.end() ? JSONValue(axis->second) : PropertyFieldForm<FontWeight>::read(text.weight);
+        });
+        return out;
+    };
+    const auto write = [](Annotation& annotation, const PropertyValue& value, const PropertySpec& spec) {
+        withRecord<TextAnnotation>(annotation, [&](TextAnnotation& text) {
+            if (value.json.string()) {
+                enumCases(static_cast<FontWeight*>(nullptr)).find(value.choice(caseWords<FontWeight>()), text.weight);
+                text.axes.values.erase(FontAxes::weight);
+            } else {
+                text.axes.values[FontAxes::weight] = value.number(spec.range);
+            }
+        });
+    };
+    return annotationAccess({AnnotationKind::text}, read, write);
+}
+
+std::shared_ptr<const ObjectAccess> fontAxisAccess(const char* tag, double normal) {
+    return annotationPart<FontAxes>(
+        {AnnotationKind::text},
+        [tag, normal](const FontAxes& axes) {
+            const auto found = axes.values.find(tag);
+            return JSONValue(found != axes.values.end() ? found->second : normal);
+        },
+        [tag](FontAxes& axes, const PropertyValue& value, const PropertySpec& spec) {
+            axes.values[tag] = value.number(spec.range);
+        },
+        &TextAnnotation::axes);
+}
+
 } // namespace ovik

@@ -92,5 +92,9 @@ std::shared_ptr<const ObjectAccess> throughAccess();
 std::shared_ptr<const ObjectAccess> sizeAccess();
 /// A text's font by name.
 std::shared_ptr<const ObjectAccess> fontAccess();
+/// A text's weight: a word ("regular" … "bold"), or a number on a variable font's weight axis.
+std::shared_ptr<const ObjectAccess> fontWeightAccess();
+/// A text's place on the variable font axis `tag`; `normal` where it has none.
+std::shared_ptr<const ObjectAccess> fontAxisAccess(const char* tag, double normal);
 
 } // namespace ovik

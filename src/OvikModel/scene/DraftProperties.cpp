@@ -70,6 +70,25 @@ std::optional<std::string> setOnObject(Draft& draft, const JSONValue& value, Obj
     return undoName(spec);
 }
 
+std::size_t mediaIndex(const Draft& draft, MediaID id) {
+    const auto& media = draft.media.items();
+    const auto found = std::find_if(media.begin(), media.end(), [&](const Media& each) { return each.id == id; });
+    if (found == media.end())
+        throw PropertyError(PropertyError::Kind::notFound, L10n::format("model.property.media.notFound", {id.description()}));
+    return std::size_t(found - media.begin());
+}
+
+std::optional<std::string> setOnMedia(Draft& draft, const JSONValue& value, MediaID id, const PropertySpec& spec) {
+    if (!spec.mediaAccess) refuse("model.property.path.notMediaProperty", {spec.name});
+    const std::size_t index = mediaIndex(draft, id);
+    const auto current = spec.mediaAccess->read(draft.media[index]);
+    if (current && current->same(value)) return std::nullopt;
+    std::vector<Media> media = draft.media.items();
+    spec.mediaAccess->write(media[index], PropertyValue{spec.title(), value}, spec);
+    draft.media = CowList<Media>(std::move(media));
+    return undoName(spec);
+}
+
 std::optional<std::string> setOnDraft(Draft& draft, const JSONValue& value, const PropertySpec& spec) {
     if (!spec.sectionAccess) refuse("model.property.path.notDraftProperty", {spec.name});
     const auto current = spec.sectionAccess->read(draft);
@@ -91,6 +110,10 @@ std::optional<JSONValue> propertyValue(const Draft& draft, const PropertyPath& p
         if (!spec.objectAccess || !applies(*spec.objectAccess, target)) return std::nullopt;
         return spec.objectAccess->read(target);
     }
+    if (const auto* media = std::get_if<T::media>(&path.target.cases)) {
+        const std::size_t index = mediaIndex(draft, media->id);
+        return spec.mediaAccess ? spec.mediaAccess->read(draft.media[index]) : std::nullopt;
+    }
     if (path.target.is<T::draft>() && spec.sectionAccess) return spec.sectionAccess->read(draft);
     return std::nullopt;
 }
@@ -100,7 +123,7 @@ std::optional<std::string> setProperty(Draft& draft, const JSONValue& value, con
     const PropertySpec& spec = path.key.spec();
     using T = PropertyPath::Target;
     if (const auto* object = std::get_if<T::object>(&path.target.cases)) return setOnObject(draft, value, object->id, spec);
-    if (path.target.is<T::media>()) refuse("model.property.path.notMediaProperty", {spec.name});
+    if (const auto* media = std::get_if<T::media>(&path.target.cases)) return setOnMedia(draft, value, media->id, spec);
     if (path.target.is<T::section>()) refuse("model.property.path.notLookProperty", {spec.name});
     return setOnDraft(draft, value, spec);
 }

@@ -183,4 +183,23 @@ std::shared_ptr<const ObjectAccess> bevelAccess(BevelPart part) {
         });
 }
 
+std::shared_ptr<const ObjectAccess> faceMaterialAccess(bool back) {
+    const auto field = back ? &Thickness::backMaterial : &Thickness::sideMaterial;
+    return onNodes(
+        [field](const ObjectNode& node) -> std::optional<JSONValue> {
+            if (!node.thickness) return std::nullopt;
+            return (*node.thickness).*field ? *((*node.thickness).*field) : JSONValue("none");
+        },
+        [field](ObjectNode& node, const PropertyValue& value, const PropertySpec&) {
+            Thickness thickness = thicknessOf(node);
+            if (value.json.object())
+                thickness.*field = value.json;
+            else if (const std::string* text = value.json.string(); text && *text == "none")
+                (thickness.*field).reset();
+            else
+                refuse(L10n::format("model.property.material.invalid", {value.name}));
+            node.thickness = thickness;
+        });
+}
+
 } // namespace ovik

@@ -26,4 +26,8 @@ std::shared_ptr<const ObjectAccess> spanAccess(bool underLens);
 enum class BevelPart { size, segments, profile };
 std::shared_ptr<const ObjectAccess> bevelAccess(BevelPart part);
 
+/// The material of a solid's sides, or with `back` of its back: material JSON, or "none" for
+/// the front's.
+std::shared_ptr<const ObjectAccess> faceMaterialAccess(bool back);
+
 } // namespace ovik

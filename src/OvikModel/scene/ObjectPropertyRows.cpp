@@ -2,6 +2,7 @@
 // rows that lenses, fonts, materials, effects, generators, particles and solids add.
 #include "OvikModel/scene/AnnotationAccess.h"
 #include "OvikModel/scene/NodeAccess.h"
+#include "OvikModel/scene/PropertyField.h"
 #include "OvikModel/scene/PropertyRow.h"
 #include "OvikModel/scene/PropertyRows.h"
 
@@ -32,7 +33,11 @@ void nodeRows(std::vector<PropertySpec>& rows) {
     rows.push_back(onOff("hidden").access(nodeField(&ObjectNode::isHidden)));
     rows.push_back(onOff("locked").access(nodeField(&ObjectNode::isLocked)));
     rows.push_back(onOff("sourceOnly").access(nodeField(&ObjectNode::sourceOnly)));
-    rows.push_back(objectRow("blend").typed(choice, PropertyForm::choice));
+    rows.push_back(objectRow("blend")
+                       .choices(caseWords<BlendMode>())
+                       .on({Target::object, Target::media})
+                       .access(nodeField(&ObjectNode::blend))
+                       .access(mediaField(&Media::blend)));
 }
 
 void motionCoreRows(std::vector<PropertySpec>& rows) {
@@ -135,12 +140,12 @@ void lensAndFontRows(std::vector<PropertySpec>& rows) {
                            .moving(PropertyMotion::add(PropertyDomain::lens))
                            .on({Target::lens}));
     const PropertyMotion font = PropertyMotion::add(PropertyDomain::font);
-    rows.push_back(numberRow("weight").ranged(1, 1000).moving(font));
+    rows.push_back(numberRow("weight").ranged(1, 1000).moving(font).access(fontWeightAccess()));
     rows.push_back(objectRow("font").typed(text, PropertyForm::text).access(fontAccess()));
     rows.push_back(numberRow("tracking").access(annotationField({A::text}, &TextAnnotation::tracking)));
     rows.push_back(numberRow("lineSpacing").ranged(0.5, 4).access(annotationField({A::text}, &TextAnnotation::lineSpacing)));
-    rows.push_back(numberRow("width").ranged(25, 200).moving(font));
-    rows.push_back(numberRow("slant").ranged(-90, 90).moving(font));
+    rows.push_back(numberRow("width").ranged(25, 200).moving(font).access(fontAxisAccess(FontAxes::width, 100)));
+    rows.push_back(numberRow("slant").ranged(-90, 90).moving(font).access(fontAxisAccess(FontAxes::slant, 0)));
     rows.push_back(numberRow("axis").moving(font));
     rows.push_back(onOff("vertical").access(annotationField({A::text}, &TextAnnotation::vertical)));
 }
@@ -188,8 +193,8 @@ void spanAndSolidRows(std::vector<PropertySpec>& rows) {
     rows.push_back(numberRow("bevel").access(bevelAccess(BevelPart::size)));
     rows.push_back(numberRow("bevelSegments").ranged(1, 16).access(bevelAccess(BevelPart::segments)));
     rows.push_back(choiceRow("bevelProfile", {"round", "flat"}).access(bevelAccess(BevelPart::profile)));
-    rows.push_back(objectRow("sideMaterial").typed(text));
-    rows.push_back(objectRow("backMaterial").typed(text));
+    rows.push_back(objectRow("sideMaterial").typed(text).access(faceMaterialAccess(false)));
+    rows.push_back(objectRow("backMaterial").typed(text).access(faceMaterialAccess(true)));
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #pragma once
 // How a row is read and written on the model. A row stands on objects (each node's value), on
-// the draft (one value of its settings), or on neither (actions alone move it). Values are
+// media (each media's value), on the draft (one value of its settings), or on none of them
+// (actions alone move it). Values are
 // in the property language: numbers, true/false, choice words, "#RRGGBB" colours, "none".
 #include <functional>
 #include <optional>
@@ -11,6 +12,7 @@
 namespace ovik {
 
 struct Draft;
+struct Media;
 struct ObjectNode;
 struct Annotation;
 struct PropertySpec;
@@ -22,6 +24,11 @@ struct ObjectAccess {
     std::function<std::optional<JSONValue>(const ObjectNode&)> read;
     /// Writes one node; throws `PropertyError` for a value the row refuses.
     std::function<void(ObjectNode&, const PropertyValue&, const PropertySpec&)> write;
+};
+
+struct MediaAccess {
+    std::function<std::optional<JSONValue>(const Media&)> read;
+    std::function<void(Media&, const PropertyValue&, const PropertySpec&)> write;
 };
 
 struct SectionAccess {

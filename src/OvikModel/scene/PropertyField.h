@@ -48,6 +48,24 @@ struct PropertyFieldForm<E> {
     }
 };
 
+/// A choice whose plain case (the first) is stored as absence: "normal" blending is no blend.
+template <NamedEnum E>
+struct PropertyFieldForm<std::optional<E>> {
+    static JSONValue read(const std::optional<E>& value) { return PropertyFieldForm<E>::read(value.value_or(E{})); }
+    static std::optional<E> take(const PropertyValue& value, const PropertySpec& spec) {
+        const E out = PropertyFieldForm<E>::take(value, spec);
+        return out == E{} ? std::nullopt : std::optional<E>(out);
+    }
+};
+
+/// Every case name of an enumeration, in its order: the words of a choice over it.
+template <NamedEnum E>
+std::vector<std::string> caseWords() {
+    std::vector<std::string> words;
+    for (const auto& [value, name] : enumCases(static_cast<E*>(nullptr)).cases) words.emplace_back(name);
+    return words;
+}
+
 /// A row over `field` of the draft's record `record` (or of the draft itself).
 template <class Record, class T>
 std::shared_ptr<const SectionAccess> draftField(Record Draft::*record, T Record::*field) {
@@ -65,6 +83,16 @@ std::shared_ptr<const SectionAccess> draftField(T Draft::*field) {
         [field](const Draft& draft) -> std::optional<JSONValue> { return PropertyFieldForm<T>::read(draft.*field); },
         [field](Draft& draft, const PropertyValue& value, const PropertySpec& spec) {
             draft.*field = PropertyFieldForm<T>::take(value, spec);
+        }});
+}
+
+/// A row over `field` of each media.
+template <class T>
+std::shared_ptr<const MediaAccess> mediaField(T Media::*field) {
+    return std::make_shared<const MediaAccess>(MediaAccess{
+        [field](const Media& media) -> std::optional<JSONValue> { return PropertyFieldForm<T>::read(media.*field); },
+        [field](Media& media, const PropertyValue& value, const PropertySpec& spec) {
+            media.*field = PropertyFieldForm<T>::take(value, spec);
         }});
 }
 

@@ -69,4 +69,9 @@ PropertyRow& PropertyRow::access(std::shared_ptr<const SectionAccess> access) {
     return *this;
 }
 
+PropertyRow& PropertyRow::access(std::shared_ptr<const MediaAccess> access) {
+    spec_.mediaAccess = std::move(access);
+    return *this;
+}
+
 } // namespace ovik

@@ -24,6 +24,7 @@ public:
     PropertyRow& derived();
     PropertyRow& access(std::shared_ptr<const ObjectAccess> access);
     PropertyRow& access(std::shared_ptr<const SectionAccess> access);
+    PropertyRow& access(std::shared_ptr<const MediaAccess> access);
 
     operator PropertySpec() const { return spec_; }
 

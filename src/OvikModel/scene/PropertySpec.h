@@ -92,13 +92,14 @@ struct PropertySpec {
     std::optional<PropertyMotion> motion;
     /// Choice words, for a choice.
     std::vector<std::string> words;
-    /// How it is read and written on objects, or on the draft; neither for a row that only
-    /// actions move.
+    /// How it is read and written on objects, on the draft, or on media; none for a row that
+    /// only actions move.
     std::shared_ptr<const ObjectAccess> objectAccess;
     std::shared_ptr<const SectionAccess> sectionAccess;
+    std::shared_ptr<const MediaAccess> mediaAccess;
 
     bool isAnimatable() const { return motion.has_value(); }
-    bool writes() const { return objectAccess || sectionAccess; }
+    bool writes() const { return objectAccess || sectionAccess || mediaAccess; }
     bool standsOn(PropertyTargetKind kind) const;
     /// The title and help in the language in force.
     std::string title() const;

@@ -99,4 +99,16 @@ std::optional<double> PropertyValue::numberOrNone(const std::optional<std::pair<
     return number(range);
 }
 
+std::optional<CGRect> PropertyValue::rectOrNone() const {
+    if (isNone(json)) return std::nullopt;
+    const JSONValue::Array* array = json.array();
+    double v[4] = {};
+    bool numbers = array && array->size() == 4;
+    for (std::size_t i = 0; numbers && i < 4; ++i) numbers = (*array)[i].number(v[i]);
+    if (!numbers) invalid(L10n::format("model.property.value.rectOrNoneInvalid", {name}));
+    if (!std::all_of(v, v + 4, [](double x) { return std::isfinite(x); }) || v[2] <= 0 || v[3] <= 0)
+        invalid(L10n::format("model.property.value.rectInvalid", {name}));
+    return CGRect{{v[0], v[1]}, {v[2], v[3]}};
+}
+
 } // namespace ovik

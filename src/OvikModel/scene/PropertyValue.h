@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "OvikModel/values/RGBA.h"
-#include "OvikPlatform/geometry/CGPoint.h"
+#include "OvikPlatform/geometry/CGRect.h"
 #include "OvikPlatform/json/JSONValue.h"
 
 namespace ovik {
@@ -30,6 +30,8 @@ struct PropertyValue {
     std::optional<CGPoint> pointOrNone() const;
     /// [[x, y], …], or "none".
     std::optional<std::vector<CGPoint>> pointsOrNone() const;
+    /// [x, y, width, height], finite, with both sizes above 0; or "none".
+    std::optional<CGRect> rectOrNone() const;
     /// A finite number, or "none".
     std::optional<double> numberOrNone(const std::optional<std::pair<double, double>>& range = std::nullopt) const;
 };

@@ -3,6 +3,8 @@
 #include "OvikModel/scene/PropertyField.h"
 #include "OvikModel/scene/PropertyRow.h"
 #include "OvikModel/scene/PropertyRows.h"
+#include "OvikModel/scene/SettingAccess.h"
+#include "OvikModel/scene/StyleAccess.h"
 
 namespace ovik {
 namespace {
@@ -36,21 +38,21 @@ struct Section {
 
 void styleRows(std::vector<PropertySpec>& rows) {
     const Section style{G::style, "style.", rows};
-    style.rows.push_back(style.row("background").typed(text, PropertyForm::text));
-    style.rows.push_back(style.row("image").typed(image, PropertyForm::file));
+    style.rows.push_back(style.row("background").typed(text, PropertyForm::text).access(backgroundAccess()));
+    style.rows.push_back(style.row("image").typed(image, PropertyForm::file).access(backgroundImageAccess()));
     style.number("backgroundBlur", 0, 100, draftField(&Draft::style, &Style::backgroundBlur));
-    style.choice("deviceFrame", {"none", "macBook", "iPhone", "browser"});
+    style.choice("deviceFrame", {"none", "macBook", "iPhone", "browser"}, draftField(&Draft::style, &Style::deviceFrame));
     style.number("padding", 0, 400, draftField(&Draft::style, &Style::padding));
     style.number("cornerRadius", 0, 200, draftField(&Draft::style, &Style::cornerRadius));
     style.number("shadow", 0, 1, draftField(&Draft::style, &Style::shadow));
-    style.rows.push_back(style.row("aspect").typed(text, PropertyForm::text));
-    style.rows.push_back(style.row("crop").typed(rect, PropertyForm::rectOrNone));
+    style.rows.push_back(style.row("aspect").typed(text, PropertyForm::text).access(aspectAccess()));
+    style.rows.push_back(style.row("crop").typed(rect, PropertyForm::rectOrNone).unit("pt").access(cropAccess()));
     style.toggle("handDrawn", draftField(&Draft::handDrawn));
     style.choice("newInk", {"none", "dry", "pixel"}, draftField(&Draft::newMarksInk));
-    style.toggle("paused");
-    style.choice("motionBlur", {"off", "natural", "strong", "on"});
-    style.number("shutter", 0, 1);
-    style.choice("blurQuality", {"auto", "draft", "best"});
+    style.toggle("paused", stylePausedAccess());
+    style.choice("motionBlur", {"off", "natural", "strong", "on"}, motionBlurAccess(MotionBlurPart::preset));
+    style.number("shutter", 10, 360, motionBlurAccess(MotionBlurPart::shutter));
+    style.choice("blurQuality", {"auto", "draft", "best"}, motionBlurAccess(MotionBlurPart::quality));
 }
 
 void captureRows(std::vector<PropertySpec>& rows) {
@@ -65,7 +67,7 @@ void captureRows(std::vector<PropertySpec>& rows) {
     cursor.color("color", PropertyForm::color, draftField(&Draft::cursor, &CursorSettings::pointerColor));
     cursor.toggle("turns", draftField(&Draft::cursor, &CursorSettings::turnsWithMotion));
     cursor.toggle("hidesWhenIdle", draftField(&Draft::cursor, &CursorSettings::hidesWhenIdle));
-    cursor.toggle("paused");
+    cursor.toggle("paused", draftField(&Draft::cursor, &CursorSettings::isStylingOff));
     const Section zoom{G::zoomSettings, "zoom.settings.", rows};
     zoom.toggle("auto", draftField(&Draft::zoomSettings, &ZoomSettings::isAuto));
     zoom.number("factor", 1, 8, draftField(&Draft::zoomSettings, &ZoomSettings::defaultFactor));
@@ -79,13 +81,17 @@ void captureRows(std::vector<PropertySpec>& rows) {
     camera.toggle("avoidsCursor", draftField(&Draft::camera, &CameraOverlay::avoidsCursor));
     camera.toggle("shrinksWhenZoomed", draftField(&Draft::camera, &CameraOverlay::shrinksWhenZoomed));
     const Section audio{G::audio, "audio.", rows};
-    audio.number("volume", 0, 2);
-    audio.toggle("muted");
+    audio.number("volume", 0, 2, audioAccess(AudioPart::volume));
+    audio.toggle("muted", audioAccess(AudioPart::muted));
     const Section keys{G::keys, "keys.", rows};
     keys.toggle("typing", draftField(&Draft::keys, &KeyOverlay::showsTyping));
     const Section animation{G::screenshotAnimation, "screenshot-animation.", rows};
-    animation.toggle("animated");
-    animation.rows.push_back(animation.row("duration").typed(number, PropertyForm::seconds).ranged(1, 30).unit("s"));
+    animation.toggle("animated", screenshotAnimationAccess(ScreenshotAnimationPart::animated));
+    animation.rows.push_back(animation.row("duration")
+                                 .typed(number, PropertyForm::seconds)
+                                 .ranged(1, 30)
+                                 .unit("s")
+                                 .access(screenshotAnimationAccess(ScreenshotAnimationPart::duration)));
     const Section layout{G::layout, "layout.", rows};
     layout.choice("mode", {"auto", "row", "column", "grid"}, draftField(&Draft::layout, &StillLayout::mode));
     layout.number("gap", 0, 400, draftField(&Draft::layout, &StillLayout::gap));

@@ -57,6 +57,9 @@ struct Background : Enumeration<Background> {
     static Background makeSolid(RGBA colour) { return Background{{}, solid{colour}}; }
     static Background makeGradient(GradientSpec spec) { return Background{{}, gradient{spec}}; }
 
+    /// The package file of a picture background (a catalogue one only when a copy was kept).
+    std::optional<PackagePath> picture() const;
+
     bool operator==(const Background&) const = default;
 };
 

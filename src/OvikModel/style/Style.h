@@ -9,6 +9,7 @@
 #include "OvikModel/style/Background.h"
 #include "OvikModel/style/DeviceFrame.h"
 #include "OvikModel/style/LookScope.h"
+#include "OvikModel/style/MotionBlur.h"
 #include "OvikModel/style/StyleSection.h"
 
 namespace ovik {
@@ -31,7 +32,7 @@ struct Style {
     std::set<StyleSection> disabled;
     std::optional<JSONValue> look; // pending: EffectStack; none is `EffectStack.none`
     LookScope lookScope = LookScope::all;
-    std::optional<JSONValue> motionBlur; // pending: MotionBlur
+    std::optional<MotionBlur> motionBlur;
 
     /// The style of a capture as it was taken.
     static Style original() { return Style{}; }

@@ -173,6 +173,17 @@ TEST(DraftAppearance, AnUntimedObjectLivesAsLongAsItsSection) {
     EXPECT_TRUE(rawMotion(draft, node, OutputTime::fromSeconds(3), true));
 }
 
+TEST(DraftAppearance, ATextsAxisActionsShiftFromItsOwnAxes) {
+    ObjectNode node = fadingNode(std::nullopt);
+    TextAnnotation text;
+    text.axes.values[FontAxes::weight] = 400;
+    node.content = ObjectContent::makeAnnotation(Annotation{{}, Annotation::text{text}});
+    node.actions = {action(PropertyKey::fontWeight(), toNumber(500), opening(0, 2))};
+    const Draft draft = twoStills(node);
+    EXPECT_EQ(rawAppearance(draft, node, OutputTime::fromSeconds(6))->fontAxes,
+              (std::map<std::string, double>{{"wght", 100}}));
+}
+
 TEST(DraftAppearance, ATimedObjectLivesOverItsTiming) {
     const ObjectNode node = fadingNode(Timing{sourceAt(2), sourceAt(5)});
     const Draft draft = twoStills(node);

@@ -86,7 +86,10 @@ TEST(ObjectRows, EachRowRoundTripsOnAKindThatHasIt) {
         {"Rect.freeze", "2"},           {"Rect.timeCurve", "[[0, 0], [2, 1]]"}, {"Text.font", "\"Avenir-Heavy\""},
         {"Text.tracking", "-1"},        {"Text.lineSpacing", "1.5"},           {"Text.vertical", "true"},
         {"Rect.span", "true"},          {"Rect.spanLens", "true"},             {"Rect.bevel", "5"},
-        {"Rect.bevelSegments", "8"},    {"Rect.bevelProfile", "\"flat\""},
+        {"Rect.bevelSegments", "8"},    {"Rect.bevelProfile", "\"flat\""},   {"Text.weight", "\"bold\""},
+        {"Text.weight", "650"},         {"Text.width", "75"},                  {"Text.slant", "-12"},
+        {"Rect.blend", "\"multiply\""}, {"Rect.sideMaterial", R"({"color":"#FF0000"})"},
+        {"Rect.backMaterial", R"({"roughness":0.5})"},
     };
     for (const auto& c : cases) {
         Draft draft = kindsDraft();
@@ -172,6 +175,12 @@ TEST(ObjectRows, RefusalsNameTheProblemAndChangeNothing) {
         {"Rect.bevel", "11", "takes 0 to 10"},
         {"Pen.inkGrain", "5", "takes 0.25 to 4"},
         {"Redact.strength", "1.5", "takes 0 to 1"},
+        {"Text.weight", "\"heavy\"", "takes one of regular, medium, semibold, bold"},
+        {"Text.weight", "1200", "takes 1 to 1000"},
+        {"Text.width", "300", "takes 25 to 200"},
+        {"Rect.blend", "\"glow\"", "takes one of normal, multiply"},
+        {"Rect.sideMaterial", "[1]", "material JSON"},
+        {"Rect.weight", "\"bold\"", "it is only for Text"},
     };
     for (const auto& c : cases) {
         Draft draft = kindsDraft();
@@ -185,6 +194,17 @@ TEST(ObjectRows, RefusalsNameTheProblemAndChangeNothing) {
         }
         EXPECT_EQ(encodeJSON(draft).compact(), before) << c.path;
     }
+}
+
+TEST(ObjectRows, AWeightWordLeavesTheWeightAxis) {
+    Draft draft = kindsDraft();
+    set(draft, "Text.weight", JSONValue(700.0));
+    set(draft, "Text.width", JSONValue(80.0));
+    set(draft, "Text.weight", JSONValue("medium"));
+    EXPECT_TRUE(get(draft, "Text.weight")->same(JSONValue("medium")));
+    // The other axis stays, and is what the text's axis actions shift.
+    EXPECT_TRUE(get(draft, "Text.width")->same(JSONValue(80.0)));
+    EXPECT_TRUE(get(draft, "Text.slant")->same(JSONValue(0.0)));
 }
 
 TEST(ObjectRows, SizesBelowTheirLimitAreRaisedToIt) {

@@ -24,7 +24,7 @@ Style busyStyle() {
     style.disabled = {StyleSection::shadow, StyleSection::background, StyleSection::look};
     style.look = JSONValue::parse(R"({"entries":[{"primitive":"grain"}]})");
     style.lookScope = LookScope::background;
-    style.motionBlur = JSONValue::parse(R"({"shutter":180})");
+    style.motionBlur = MotionBlur{};
     return style;
 }
 
