@@ -1,0 +1,102 @@
+#include "ImageTestSupport.h"
+#include "OvikPlatform/image/FilterInputs.h"
+#include "OvikPlatform/image/ImageColor.h"
+#include "OvikPlatform/image/ImageRegistry.h"
+
+namespace ovik {
+namespace {
+
+using test::near;
+using test::render;
+
+Image generated(const std::string& name, const FilterInputs& inputs) {
+    return ImageRegistry::shared().applyFilter(name, inputs);
+}
+
+Pixel grey(float level) { return {level, level, level, 1}; }
+
+TEST(ImageGenerator, LinearGradientHoldsItsEndsAndMixesBetween) {
+    // Black at the centre of pixel 0, white at the centre of pixel 8; mixed in linear light.
+    const Image across = generated("CILinearGradient", {{"inputPoint0", CGPoint{0.5, 0}},
+                                                        {"inputPoint1", CGPoint{8.5, 0}},
+                                                        {"inputColor0", ImageColor::black()},
+                                                        {"inputColor1", ImageColor::white()}});
+    EXPECT_TRUE(across.isInfinite());
+    const test::Rendered out = render(across, {-3, 0, 15, 6});
+    const std::pair<std::int64_t, float> levels[] = {{-3, 0}, {0, 0}, {2, 0.25f}, {4, 0.5f}, {8, 1}, {11, 1}};
+    for (const auto& [x, level] : levels) {
+        EXPECT_TRUE(near(out.at(x, 0), grey(level), 1e-6f)) << x;
+        EXPECT_TRUE(near(out.at(x, 5), grey(level), 1e-6f)) << x;
+    }
+    const CGImage middle = test::context().createCGImage(across, {{4, 0}, {1, 1}});
+    EXPECT_EQ(middle.pixels(), (std::vector<std::uint8_t>{188, 188, 188, 255}));
+    // Along a diagonal: pixel (2, 7) has its centre half way.
+    const Image diagonal = generated("CILinearGradient", {{"inputPoint0", CGPoint{0, 0}},
+                                                          {"inputPoint1", CGPoint{10, 10}},
+                                                          {"inputColor0", ImageColor::black()},
+                                                          {"inputColor1", ImageColor::white()}});
+    EXPECT_TRUE(near(render(diagonal, {2, 7, 1, 1}).at(2, 7), grey(0.5f), 1e-6f));
+}
+
+TEST(ImageGenerator, RadialGradientRunsBetweenItsRadii) {
+    struct Case {
+        double radius0, radius1;
+        std::int64_t x;
+        float level;
+    };
+    const Case cases[] = {
+        {2, 6, 0, 1},               // inside radius 0
+        {2, 6, 3, 1 - 0.38388348f}, // centre (3.5, 0.5) lies √12.5 away
+        {2, 6, 6, 0},               // beyond radius 1
+        {3, 3, 2, 1},
+        {3, 3, 3, 0}, // equal radii: a hard edge
+    };
+    for (const Case& c : cases) {
+        const Image ring = generated("CIRadialGradient", {{"inputCenter", CGPoint{0, 0}},
+                                                          {"inputRadius0", c.radius0},
+                                                          {"inputRadius1", c.radius1},
+                                                          {"inputColor0", ImageColor::white()},
+                                                          {"inputColor1", ImageColor::clear()}});
+        EXPECT_TRUE(near(render(ring, {c.x, 0, 1, 1}).at(c.x, 0), Pixel{1, 1, 1, 1} * c.level, 1e-6f)) << c.x;
+    }
+}
+
+Image rounded(CGRect rect, double radius) {
+    return generated("roundedRectangleGenerator",
+                     {{"inputExtent", rect}, {"inputRadius", radius}, {"inputColor", ImageColor{1, 0, 0, 0.5}}});
+}
+
+TEST(ImageGenerator, RoundedRectangleCoverage) {
+    struct Case {
+        CGRect rect;
+        double radius;
+        std::int64_t x, y;
+        float coverage;
+    };
+    const CGRect square{{0, 0}, {10, 10}};
+    const Case cases[] = {
+        {square, 0, 0, 0, 1},           {square, 0, 9, 9, 1}, {square, 0, 10, 5, 0},
+        {square, 0, -1, 5, 0},          {square, 3, 0, 0, 0}, {square, 3, 1, 1, 1},
+        {square, 3, 0, 1, 0.58452405f}, {square, 3, 0, 5, 1}, {{{0.25, 0}, {9.5, 10}}, 0, 0, 5, 0.75f},
+    };
+    for (const Case& c : cases) {
+        const Image shape = rounded(c.rect, c.radius);
+        EXPECT_EQ(shape.extent(), c.rect);
+        EXPECT_TRUE(near(render(shape, {c.x, c.y, 1, 1}).at(c.x, c.y), Pixel{0.5f, 0, 0, 0.5f} * c.coverage, 1e-6f))
+            << c.radius << " at " << c.x << ", " << c.y;
+    }
+}
+
+TEST(ImageGenerator, RoundedRectangleCoversItsArea) {
+    // A 40 × 30 rectangle loses (4 - π) r² to its corners.
+    const double radius = 8;
+    const Image shape = rounded({{3, 4}, {40, 30}}, radius);
+    const test::Rendered out = render(shape, {0, 0, 50, 40});
+    double area = 0;
+    for (std::int64_t y = 0; y < 40; ++y)
+        for (std::int64_t x = 0; x < 50; ++x) area += out.at(x, y).a / 0.5;
+    EXPECT_NEAR(area, 1200 - (4 - 3.141592653589793) * radius * radius, 0.5);
+}
+
+} // namespace
+} // namespace ovik

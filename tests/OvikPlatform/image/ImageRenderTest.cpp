@@ -1,0 +1,133 @@
+#include <cstring>
+#include <thread>
+
+#include "ImageTestSupport.h"
+#include "OvikPlatform/image/FilterInputs.h"
+#include "OvikPlatform/image/ImageColor.h"
+#include "OvikPlatform/image/ImageError.h"
+#include "OvikPlatform/image/ImageExtent.h"
+#include "OvikPlatform/image/ImageRegistry.h"
+
+namespace ovik {
+namespace {
+
+using Kind = ImageError::Kind;
+
+Image filter(const std::string& name, const FilterInputs& inputs) {
+    return ImageRegistry::shared().applyFilter(name, inputs);
+}
+
+// A small frame that goes through every kind of node: generators, a bitmap shrunk by
+// Lanczos and turned, masks, a shadow, blurs exact and halved, motion and box blurs, clamps.
+Image sampleFrame() {
+    const CGRect canvas{{0, 0}, {700, 500}};
+    const Image background = filter("CILinearGradient", {{"inputPoint0", CGPoint{0, 0}},
+                                                         {"inputPoint1", CGPoint{700, 500}},
+                                                         {"inputColor0", ImageColor{0.1, 0.2, 0.6, 1}},
+                                                         {"inputColor1", ImageColor{0.9, 0.5, 0.2, 1}}});
+    const Image soft = background.cropped(canvas).clampedToExtent().applyingGaussianBlur(25).cropped(canvas);
+    const Image picture =
+        Image::fromCGImage(test::pattern(640, 400))
+            .transformed(CGAffineTransform::scale(0.8, 0.8).concatenating(CGAffineTransform::translation(94.5, 90.25)),
+                         ImageSampler::lanczos);
+    const CGRect card = picture.extent();
+    const Image mask = filter("roundedRectangleGenerator",
+                              {{"inputExtent", card}, {"inputRadius", 18.0}, {"inputColor", ImageColor::white()}});
+    const Image shadow = filter("blurredRoundedRectangleGenerator", {{"inputExtent", card},
+                                                                     {"inputRadius", 18.0},
+                                                                     {"inputSigma", 14.0},
+                                                                     {"inputColor", ImageColor{1, 1, 1, 0.4}}})
+                             .transformed(CGAffineTransform::translation(0, -8));
+    const Image shaded =
+        Image::fromColor(ImageColor::black())
+            .applyingFilter("CIBlendWithRedMask", {{"inputBackgroundImage", soft}, {"inputMaskImage", shadow}});
+    const Image cut =
+        picture.applyingFilter("CIBlendWithRedMask", {{"inputBackgroundImage", Image()}, {"inputMaskImage", mask}});
+    const Image turned =
+        Image::fromCGImage(test::pattern(60, 40))
+            .transformed(CGAffineTransform::rotation(0.3).concatenating(CGAffineTransform::translation(600, 40)))
+            .applyingFilter("CIMotionBlur", {{"inputRadius", 6.0}, {"inputAngle", 0.7}})
+            .applyingFilter("CIBoxBlur", {{"inputRadius", 2.0}});
+    return turned.composited(cut.composited(shaded)).applyingGaussianBlur(1.5).cropped(canvas);
+}
+
+bool sameBits(const BitmapFloat& a, const BitmapFloat& b) {
+    return a.width == b.width && a.height == b.height && a.pixels.size() == b.pixels.size() &&
+           std::memcmp(a.pixels.data(), b.pixels.data(), a.pixels.size() * sizeof(float)) == 0;
+}
+
+TEST(ImageRender, ThreadCountDoesNotChangeABit) {
+    const Image frame = sampleFrame();
+    const CGRect rect{{0, 0}, {700, 500}};
+    const BitmapFloat alone = RenderContext(1).renderFloat(frame, rect);
+    EXPECT_TRUE(sameBits(alone, RenderContext(4).renderFloat(frame, rect)));
+    EXPECT_TRUE(sameBits(alone, RenderContext(2).renderFloat(frame, rect)));
+}
+
+TEST(ImageRender, PartsMatchTheWholeBitForBit) {
+    const Image frame = sampleFrame();
+    const test::Rendered whole = test::render(frame, {0, 0, 700, 500});
+    for (const PixelRect part : {PixelRect{137, 91, 300, 200}, PixelRect{255, 255, 2, 2}, PixelRect{650, 1, 49, 499}}) {
+        const test::Rendered piece = test::render(frame, part);
+        EXPECT_EQ(test::maxError(piece, [&](std::int64_t x, std::int64_t y) { return whole.at(x, y); }), 0)
+            << part.x << ", " << part.y;
+    }
+}
+
+TEST(ImageRender, CallersOnSeveralThreadsShareOneContext) {
+    const Image frame = sampleFrame();
+    const CGRect rect{{0, 0}, {700, 500}};
+    const BitmapFloat expected = test::context().renderFloat(frame, rect);
+    BitmapFloat first, second;
+    std::thread one([&] { first = test::context().renderFloat(frame, rect); });
+    std::thread two([&] { second = test::context().renderFloat(frame, rect); });
+    one.join(), two.join();
+    EXPECT_TRUE(sameBits(first, expected));
+    EXPECT_TRUE(sameBits(second, expected));
+}
+
+TEST(ImageRender, OutsideTheExtentIsClear) {
+    const test::Rendered empty = test::render(Image(), {-3, -3, 5, 5});
+    EXPECT_EQ(test::maxError(empty, [](std::int64_t, std::int64_t) { return Pixel{}; }), 0);
+    const Image small = Image::fromCGImage(test::pattern(2, 2));
+    const test::Rendered around = test::render(small, {-2, -2, 6, 6});
+    EXPECT_EQ(around.at(-1, 0), Pixel{});
+    EXPECT_EQ(around.at(2, 1), Pixel{});
+    EXPECT_EQ(around.at(0, 0).a, 1);
+}
+
+TEST(ImageRender, BadRectanglesAndHugeWorkThrowTypedErrors) {
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    const Image image = Image::fromCGImage(test::pattern(4, 4));
+    struct Case {
+        const char* name;
+        Image image;
+        CGRect rect;
+        Kind kind;
+    };
+    const Case cases[] = {
+        {"zero width", image, {{0, 0}, {0, 4}}, Kind::invalidRenderRect},
+        {"negative height", image, {{0, 4}, {4, -4}}, Kind::invalidRenderRect},
+        {"NaN", image, {{nan, 0}, {4, 4}}, Kind::invalidRenderRect},
+        {"infinite", image.clampedToExtent(), ImageExtent::infinite(), Kind::invalidRenderRect},
+        {"far away", image, {{1e12, 0}, {4, 4}}, Kind::invalidRenderRect},
+        {"too wide", image, {{0, 0}, {32769, 1}}, Kind::renderTooLarge},
+        {"too many pixels", image, {{0, 0}, {20000, 20000}}, Kind::renderTooLarge},
+        // A tiny reduction of an endless picture would read far too many of its pixels.
+        {"huge intermediate",
+         image.clampedToExtent().transformed(CGAffineTransform::scale(1e-4, 1e-4), ImageSampler::lanczos),
+         {{0, 0}, {8, 8}},
+         Kind::renderTooLarge},
+    };
+    for (const Case& c : cases) {
+        try {
+            (void)test::context().createCGImage(c.image, c.rect);
+            ADD_FAILURE() << c.name << ": no error";
+        } catch (const ImageError& error) {
+            EXPECT_EQ(error.kind(), c.kind) << c.name << ": " << error.what();
+        }
+    }
+}
+
+} // namespace
+} // namespace ovik
