@@ -122,25 +122,43 @@ CanvasLayout CanvasLayout::make(const Draft& draft) {
         const Media& media = draft.media[0];
         return CanvasLayout(media.source.pixelSize(), media.source.scale(), style, media.crop, draft.frame, outside);
     }
-    // Several captures share one canvas: each stands where its placement puts its size in
-    // points, drawn at the finest scale among them.
+    // Several captures share one canvas, drawn at the finest scale among them.
     double scale = 0;
-    CGRect bounds = ImageExtent::null();
-    for (const Media& media : draft.media.items()) {
-        const double own = positiveOr1(media.source.scale());
-        const PixelSize pixels = media.source.pixelSize();
-        const CGRect placed{{media.placement.offset.dx, media.placement.offset.dy},
-                            {double(pixels.width) / own * media.placement.scale,
-                             double(pixels.height) / own * media.placement.scale}};
-        bounds = ImageExtent::unionOf(bounds, placed.standardized());
-        scale = std::max(scale, own);
-    }
+    for (const Media& media : draft.media.items()) scale = std::max(scale, positiveOr1(media.source.scale()));
     scale = positiveOr1(scale);
+    CGRect bounds = ImageExtent::null();
+    for (const auto& [id, rect] : landed(draft)) bounds = ImageExtent::unionOf(bounds, rect);
     const PixelSize capture = ImageExtent::isNull(bounds)
                                   ? PixelSize{1, 1}
                                   : PixelSize{std::max<std::int64_t>(std::llround(bounds.width() * scale), 1),
                                               std::max<std::int64_t>(std::llround(bounds.height() * scale), 1)};
     return CanvasLayout(capture, scale, style, std::nullopt, draft.frame, outside);
+}
+
+std::map<MediaID, CGRect> CanvasLayout::landed(const Draft& draft) {
+    std::map<MediaID, CGRect> out;
+    if (draft.media.size() == 1) {
+        const Media& media = draft.media[0];
+        const double scale = positiveOr1(media.source.scale());
+        const PixelSize pixels = media.source.pixelSize();
+        out.emplace(media.id, CGRect{{0, 0}, {double(pixels.width) / scale, double(pixels.height) / scale}});
+        return out;
+    }
+    // Each capture stands where its placement puts its size in points; the canvas's capture
+    // begins at the top left of them all.
+    CGRect bounds = ImageExtent::null();
+    for (const Media& media : draft.media.items()) {
+        const double own = positiveOr1(media.source.scale());
+        const PixelSize pixels = media.source.pixelSize();
+        const CGRect placed = CGRect{{media.placement.offset.dx, media.placement.offset.dy},
+                                     {double(pixels.width) / own * media.placement.scale,
+                                      double(pixels.height) / own * media.placement.scale}}
+                                  .standardized();
+        out.emplace(media.id, placed);
+        bounds = ImageExtent::unionOf(bounds, placed);
+    }
+    for (auto& [id, rect] : out) rect = moved(rect, -bounds.minX(), -bounds.minY());
+    return out;
 }
 
 PixelSize CanvasLayout::pixelSize(double canvasScale, bool even) const {

@@ -3,9 +3,11 @@
 // style's padding, aspect and device frame add round it, and the maps between capture points,
 // canvas pixels and output pixels. Lengths are in capture pixels unless said otherwise; the
 // canvas's y axis points up, the capture's down.
+#include <map>
 #include <optional>
 
 #include "OvikModel/style/Style.h"
+#include "OvikModel/values/Identifier.h"
 #include "OvikModel/values/PixelSize.h"
 #include "OvikPlatform/geometry/CGAffineTransform.h"
 #include "OvikPlatform/geometry/CGRect.h"
@@ -49,6 +51,9 @@ struct CanvasLayout {
                  std::optional<CGRect> frame, std::optional<CGRect> outside);
     /// The layout of a draft's canvas.
     static CanvasLayout make(const Draft& draft);
+    /// Where each media lands in the capture, in points (y down): the whole capture for a
+    /// draft of one media.
+    static std::map<MediaID, CGRect> landed(const Draft& draft);
 
     /// The output size at `canvasScale`; `even` sides (never below 2) suit video encoders.
     PixelSize pixelSize(double canvasScale, bool even) const;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "OvikCompositor/LiveRendering.h"
 #include "OvikModel/keys/BuiltInFormats.h"
 #include "OvikModel/keys/DraftRenderKey.h"
 #include "OvikPlatform/codecs/PNGCodec.h"
@@ -11,10 +12,10 @@
 namespace ovik::QuickLookDraft {
 namespace {
 
-// The one place where a picture is composed from the draft. Frames can't be composed yet,
-// so a miss of every kept render ends here; the callers then fall back as they would on any
-// composing failure.
-ImageBox composeStill(const DraftDocument&, std::int64_t) { throw QuickLookFailure(); }
+// The one place where a picture is composed from the draft, at its poster moment.
+ImageBox composeStill(const DraftDocument& document, std::int64_t maxPixel) {
+    return LiveRendering::shared().still(document, std::nullopt, maxPixel);
+}
 
 std::optional<std::filesystem::path> keptThumbnail(const QuickLookPackage& package, std::int64_t size) {
     return package.render(ovik::thumbnailKey(package.document.draft, size), "png", thumbnailFileName(size));

@@ -35,8 +35,18 @@ TEST_F(ThumbnailCommands, AKeptThumbnailAnswersAndFitsTheBox) {
     EXPECT_EQ(image.width(), 320); // the kept picture is 16:10
 }
 
-TEST_F(ThumbnailCommands, StaleOrOutsidePackagesAreUnreadableAndNothingIsWritten) {
-    for (const char* name : {"stale.ovikwork", "outside.ovikwork", "missing.ovikwork"}) {
+TEST_F(ThumbnailCommands, AStalePackageIsComposedOnTheSpot) {
+    const fs::path out = folder / "t.png";
+    const CommandResult result = runOvik(
+        {"thumbnail", (examples / "stale.ovikwork").string(), "--size", "256", "--output", out.string(), "--json"});
+    ASSERT_EQ(result.status, 0) << result.err;
+    EXPECT_NE(result.out.find(R"("answer":"picture")"), std::string::npos) << result.out;
+    const CGImage image = PNGCodec::decode(slurp(out));
+    EXPECT_EQ(std::max(image.width(), image.height()), 256);
+}
+
+TEST_F(ThumbnailCommands, OutsideOrMissingPackagesAreUnreadableAndNothingIsWritten) {
+    for (const char* name : {"outside.ovikwork", "missing.ovikwork"}) {
         const fs::path out = folder / "t.png";
         const CommandResult result =
             runOvik({"thumbnail", (examples / name).string(), "--size", "256", "--output", out.string()}, {"OVIK_LANGUAGE=en"});
@@ -53,7 +63,7 @@ TEST_F(ThumbnailCommands, ThumbnailerWritesAPNGWithinTheSize) {
     ASSERT_EQ(result.status, 0) << result.err;
     const CGImage image = PNGCodec::decode(slurp(out));
     EXPECT_EQ(std::max(image.width(), image.height()), 128);
-    EXPECT_EQ(runProgram(OVIK_THUMBNAILER, {"-s", "128", (examples / "stale.ovikwork").string(), out.string() + "2"}).status, 1);
+    EXPECT_EQ(runProgram(OVIK_THUMBNAILER, {"-s", "128", (examples / "outside.ovikwork").string(), out.string() + "2"}).status, 1);
     EXPECT_FALSE(fs::exists(out.string() + "2"));
     EXPECT_EQ(runProgram(OVIK_THUMBNAILER, {"128", "a", "b"}).status, 2);
 }

@@ -16,5 +16,7 @@ void addTimeCommand(CLI::App& app);
 void addPropsCommand(CLI::App& app);
 void addPropertyCommands(CLI::App& app);
 void addStateCommand(CLI::App& app);
+void addRenderCommand(CLI::App& app);
+void addFilmstripCommand(CLI::App& app);
 
 } // namespace ovik::cli

@@ -20,6 +20,8 @@ int main(int argc, char** argv) {
     ovik::cli::addPropsCommand(app);
     ovik::cli::addPropertyCommands(app);
     ovik::cli::addStateCommand(app);
+    ovik::cli::addRenderCommand(app);
+    ovik::cli::addFilmstripCommand(app);
     try {
         app.parse(argc, argv);
     } catch (const CLI::CallForHelp& help) {

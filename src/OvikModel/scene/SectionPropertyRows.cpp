@@ -44,7 +44,7 @@ void styleRows(std::vector<PropertySpec>& rows) {
     style.choice("deviceFrame", {"none", "macBook", "iPhone", "browser"}, draftField(&Draft::style, &Style::deviceFrame));
     style.number("padding", 0, 400, draftField(&Draft::style, &Style::padding));
     style.number("cornerRadius", 0, 200, draftField(&Draft::style, &Style::cornerRadius));
-    style.number("shadow", 0, 1, draftField(&Draft::style, &Style::shadow));
+    style.number("shadow", 0, 100, draftField(&Draft::style, &Style::shadow));
     style.rows.push_back(style.row("aspect").typed(text, PropertyForm::text).access(aspectAccess()));
     style.rows.push_back(style.row("crop").typed(rect, PropertyForm::rectOrNone).unit("pt").access(cropAccess()));
     style.toggle("handDrawn", draftField(&Draft::handDrawn));

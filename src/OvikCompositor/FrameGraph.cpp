@@ -1,0 +1,264 @@
+#include "OvikCompositor/FrameGraph.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "OvikCompositor/DeviceGeometry.h"
+#include "OvikCompositor/PictureColor.h"
+#include "OvikCompositor/PreparedDraft.h"
+#include "OvikModel/style/OvikBackgrounds.h"
+#include "OvikPlatform/image/CGImage.h"
+#include "OvikPlatform/image/FilterInputs.h"
+#include "OvikPlatform/image/ImageExtent.h"
+#include "OvikPlatform/image/ImageRegistry.h"
+#include "OvikPlatform/image/RenderContext.h"
+
+namespace ovik {
+
+struct FrameGraph::Side {
+    MediaID media;
+    /// The section's decoded video frame, or the media's still.
+    Image picture;
+};
+
+namespace {
+
+double positiveOr1(double x) { return x > 0 && std::isfinite(x) ? x : 1; }
+
+CGRect sizeRect(PixelSize size) { return CGRect{{0, 0}, {double(size.width), double(size.height)}}; }
+
+Image moved(const Image& image, double dx, double dy) {
+    return image.transformed(CGAffineTransform::translation(dx, dy), ImageSampler::nearest);
+}
+
+// Renders `rect` of `image` once and keeps the pixels: what a cache holds.
+BakedImageCache<int>::Baked baked(const Image& image, const CGRect& rect) {
+    auto bitmap = std::make_shared<const CGImage>(FrameGraph::context().createCGImage(image, rect));
+    const std::int64_t bytes = bitmap->bytesPerRow() * bitmap->height();
+    return {moved(Image::fromCGImage(std::move(bitmap)), rect.minX(), rect.minY()), bytes};
+}
+
+template <class Key>
+typename BakedImageCache<Key>::Baked rekeyed(BakedImageCache<int>::Baked made) {
+    return {std::move(made.image), made.bytes};
+}
+
+// Linear from `from` to `to` along the angle, its ends where the angle's line leaves the
+// rectangle's middle by half the width and half the height.
+Image gradient(const GradientSpec& spec, PixelSize size) {
+    const double w = double(size.width), h = double(size.height);
+    const double angle = spec.angleDegrees * M_PI / 180;
+    const double dx = w / 2 * std::cos(angle), dy = h / 2 * std::sin(angle);
+    const FilterInputs inputs{{"inputPoint0", CGPoint{w / 2 - dx, h / 2 - dy}},
+                              {"inputPoint1", CGPoint{w / 2 + dx, h / 2 + dy}},
+                              {"inputColor0", pictureColor(spec.from)},
+                              {"inputColor1", pictureColor(spec.to)}};
+    return ImageRegistry::shared().applyFilter("CILinearGradient", inputs).cropped(sizeRect(size));
+}
+
+Image masked(const Image& image, const Image& background, const Image& mask) {
+    return image.applyingFilter("CIBlendWithRedMask", {{"inputBackgroundImage", background}, {"inputMaskImage", mask}});
+}
+
+// The part of the capture a side shows, in the picture's own pixels (y up): the crop of a
+// draft of one media, all of it otherwise.
+CGRect shownPart(const PreparedDraft& prepared, const Image& picture) {
+    const CGRect extent = picture.extent();
+    if (prepared.draft.media.size() != 1) return extent;
+    const CanvasLayout& layout = prepared.layout;
+    const double capW = double(layout.capturePixels.width), capH = double(layout.capturePixels.height);
+    const double fx = extent.width() / capW, fy = extent.height() / capH;
+    const CGRect& s = layout.sourceRect;
+    return CGRect{{extent.minX() + s.minX() * fx, extent.minY() + (capH - s.maxY()) * fy},
+                  {s.width() * fx, s.height() * fy}};
+}
+
+// Where a media's card lands in the output, y up, on whole pixels.
+CGRect cardRect(const PreparedDraft& prepared, MediaID media, double scale, PixelSize size) {
+    const CanvasLayout& layout = prepared.layout;
+    if (prepared.draft.media.size() == 1) return layout.renderedContentRect(scale, size);
+    const auto landed = CanvasLayout::landed(prepared.draft);
+    const auto found = landed.find(media);
+    if (found == landed.end()) return ImageExtent::null();
+    const CGAffineTransform t = layout.objectTransform(scale, size);
+    const CGPoint top = t.apply({found->second.minX(), found->second.minY()});
+    const CGPoint bottom = t.apply({found->second.maxX(), found->second.maxY()});
+    return CGRect{{std::round(top.x), std::round(double(size.height) - bottom.y)},
+                  {std::round(bottom.x) - std::round(top.x), std::round(bottom.y) - std::round(top.y)}};
+}
+
+// The outlines that cast a card's shadow: its device's, or its own rounded rectangle.
+std::vector<RoundedOutline> outlines(const PreparedDraft& prepared, const CGRect& card, double radius) {
+    const CanvasLayout& layout = prepared.layout;
+    const double W = double(layout.contentPixels.width), H = double(layout.contentPixels.height);
+    const DeviceGeometry device{layout.deviceFrame, W, H, layout.sourceScale, layout.cornerRadius};
+    std::vector<RoundedOutline> out = device.silhouette();
+    if (out.empty()) return {{card, radius}};
+    const double k = card.width() / W;
+    for (RoundedOutline& outline : out)
+        outline = {CGRect{{card.minX() + outline.rect.minX() * k, card.minY() + outline.rect.minY() * k},
+                          {outline.rect.width() * k, outline.rect.height() * k}},
+                   outline.radius * k};
+    return out;
+}
+
+} // namespace
+
+FrameGraph::FrameGraph(Wallpaper wallpaper, std::int64_t budget)
+    : wallpaper_(std::move(wallpaper)), backgrounds_(budget / 2), shadows_(budget / 4), cornerMasks_(budget / 4) {}
+
+RenderContext& FrameGraph::context() { return RenderContext::shared(); }
+
+std::int64_t FrameGraph::bakes() const { return backgrounds_.bakes() + shadows_.bakes() + cornerMasks_.bakes(); }
+
+Image FrameGraph::render(const PreparedDraft& prepared, const FrameMoment& moment, double canvasScale,
+                         std::optional<PixelSize> outputSize) {
+    const double scale = positiveOr1(canvasScale);
+    const PixelSize size = outputSize.value_or(prepared.layout.pixelSize(scale, false));
+    // 1. The background.
+    Image picture = background(prepared, size);
+    // 2. The style's look on the background waits for effect stacks.
+    // 3. The media sides, back to front. Transitions between sections (offsets, dissolves,
+    //    posed sides) wait for the section looks: during one, the incoming side lies on top.
+    for (const Side& each : sides(prepared, moment)) picture = side(prepared, each, scale, size, picture);
+    // 4-10. Objects without a host, lens blur, the look on the whole picture, letterbox bars,
+    //    lifted objects, captions and key chips, and the watermark wait for their painters.
+    // 11. The output rectangle.
+    return picture.cropped(sizeRect(size));
+}
+
+// What shows at the moment, back to front: each section on screen with its media, or the
+// draft's one capture. A side shows its section's video frame, else its media's still.
+std::vector<FrameGraph::Side> FrameGraph::sides(const PreparedDraft& prepared, const FrameMoment& moment) {
+    const auto still = [&](MediaID media) {
+        const auto found = prepared.mediaPictures.find(media);
+        return found != prepared.mediaPictures.end() ? found->second : Image();
+    };
+    std::vector<Side> out;
+    if (!moment.sections) {
+        if (!prepared.draft.media.empty()) {
+            const MediaID media = prepared.draft.media[prepared.draft.primaryMediaIndex()].id;
+            out.push_back({media, still(media)});
+        }
+        return out;
+    }
+    for (const SectionID id : *moment.sections)
+        for (const Section& section : prepared.draft.sections.items()) {
+            if (section.id != id) continue;
+            const auto frame = moment.frames.find(id);
+            out.push_back({section.media, frame != moment.frames.end() ? frame->second : still(section.media)});
+        }
+    return out;
+}
+
+Image FrameGraph::background(const PreparedDraft& prepared, PixelSize size) {
+    using B = Background;
+    const Style& style = prepared.draft.style;
+    const Background& background = style.background;
+    if (const auto* ramp = std::get_if<B::gradient>(&background.cases)) return gradient(ramp->value, size);
+    if (const auto* solid = std::get_if<B::solid>(&background.cases))
+        return Image::fromColor(pictureColor(solid->value)).cropped(sizeRect(size));
+    if (background.is<B::image>() || background.is<B::catalog>()) {
+        if (!prepared.backgroundImage) return Image();
+        return bakedFill(*prepared.backgroundImage, "image:" + background.picture()->relative, size, style.backgroundBlur);
+    }
+    if (background.is<B::wallpaper>()) {
+        if (const auto picture = wallpaper_ ? wallpaper_() : std::nullopt)
+            return bakedFill(*picture, "wallpaper", size, style.backgroundBlur);
+        return gradient(OvikBackgrounds::gradients().front().spec, size);
+    }
+    return Image();
+}
+
+// The picture scaled to cover the output and centred, blurred when asked, baked once.
+Image FrameGraph::bakedFill(const ImageBox& picture, const std::string& identity, PixelSize size, double blur) {
+    const BackgroundKey key{identity, size.width, size.height, blur};
+    const auto made = backgrounds_.value(key, [&]() -> std::optional<BakedImageCache<BackgroundKey>::Baked> {
+        if (!picture.cgImage || picture.cgImage->width() < 1 || picture.cgImage->height() < 1) return std::nullopt;
+        const double W = double(size.width), H = double(size.height);
+        const double w = double(picture.cgImage->width()), h = double(picture.cgImage->height());
+        const double k = std::max(W / w, H / h);
+        const CGAffineTransform fit{k, 0, 0, k, (W - w * k) / 2, (H - h * k) / 2};
+        Image filled = Image::fromCGImage(picture.cgImage).transformed(fit, ImageSampler::lanczos);
+        if (blur > 0)
+            filled = filled.cropped(sizeRect(size))
+                         .clampedToExtent()
+                         .applyingGaussianBlur(std::min(blur, 40.0) * std::min(W, H) / 1080);
+        return rekeyed<BackgroundKey>(baked(filled, sizeRect(size)));
+    });
+    return made.value_or(Image());
+}
+
+Image FrameGraph::side(const PreparedDraft& prepared, const Side& shown, double scale, PixelSize size,
+                       const Image& over) {
+    const Image* source = &shown.picture;
+    if (source->isEmpty()) return over;
+    const CGRect card = cardRect(prepared, shown.media, scale, size);
+    if (ImageExtent::isNull(card) || card.width() < 1 || card.height() < 1) return over;
+    const CanvasLayout& layout = prepared.layout;
+    const double radius = layout.cornerRadius * card.width() / std::max(1.0, double(layout.contentPixels.width));
+    Image picture = over;
+    if (const auto spec = ShadowSpec::make(prepared.draft.style.shadow, layout.sourceScale * scale))
+        picture = shadowed(outlines(prepared, card, radius), *spec, size, picture);
+    const CGRect part = shownPart(prepared, *source);
+    const CGAffineTransform place{card.width() / part.width(),  0, 0, card.height() / part.height(),
+                                  card.minX() - part.minX() * card.width() / part.width(),
+                                  card.minY() - part.minY() * card.height() / part.height()};
+    Image content = source->cropped(part).transformed(place, ImageSampler::lanczos).cropped(card);
+    if (radius > 0) content = cornered(content, card, radius);
+    // The device drawing under the content and its overlay wait for the device painter;
+    // objects hosted on the card and the camera wait for their painters.
+    return content.composited(picture);
+}
+
+// Solid black over the picture so far, through a mask of the outlines blurred and offset
+// down: white of the shadow's opacity, pieces added together.
+Image FrameGraph::shadowed(const std::vector<RoundedOutline>& pieces, const ShadowSpec& spec, PixelSize size,
+                           const Image& over) {
+    ShadowKey key;
+    std::get<1>(key) = spec;
+    for (const RoundedOutline& piece : pieces)
+        std::get<0>(key).emplace_back(piece.rect.minX(), piece.rect.minY(), piece.rect.width(), piece.rect.height(),
+                                      piece.radius);
+    const auto mask = shadows_.value(key, [&]() -> std::optional<BakedImageCache<ShadowKey>::Baked> {
+        Image sum;
+        CGRect reach = ImageExtent::null();
+        for (const RoundedOutline& piece : pieces) {
+            const CGRect rect{{piece.rect.minX(), piece.rect.minY() - spec.offset}, piece.rect.size};
+            const Image blurred = ImageRegistry::shared().applyFilter(
+                "blurredRoundedRectangleGenerator", {{"inputExtent", rect},
+                                                     {"inputRadius", piece.radius},
+                                                     {"inputSigma", spec.sigma},
+                                                     {"inputColor", ImageColor{1, 1, 1, spec.opacity}}});
+            sum = sum.isEmpty() ? blurred
+                                : blurred.applyingFilter("CIAdditionCompositing", {{"inputBackgroundImage", sum}});
+            reach = ImageExtent::unionOf(reach, ImageExtent::grown(rect, 3 * spec.sigma + 2, 3 * spec.sigma + 2));
+        }
+        const CGRect whole = ImageExtent::fromEdges(std::floor(reach.minX()), std::floor(reach.minY()),
+                                                    std::ceil(reach.maxX()), std::ceil(reach.maxY()));
+        if (ImageExtent::isNull(whole)) return std::nullopt;
+        return rekeyed<ShadowKey>(baked(sum, whole));
+    });
+    if (!mask) return over;
+    const CGRect shown = ImageExtent::intersection(mask->extent(), ImageExtent::grown(sizeRect(size), 2, 2));
+    // A card so small or far out that its shadow misses the output casts none.
+    if (ImageExtent::isNull(shown)) return over;
+    return masked(Image::fromColor(ImageColor::black()), over, mask->cropped(shown));
+}
+
+// The content inside the card's round corners; the mask is baked once per size and radius.
+Image FrameGraph::cornered(const Image& content, const CGRect& card, double radius) {
+    const std::int64_t w = std::llround(std::ceil(card.width())), h = std::llround(std::ceil(card.height()));
+    const MaskKey key{w, h, radius};
+    const auto mask = cornerMasks_.value(key, [&]() -> std::optional<BakedImageCache<MaskKey>::Baked> {
+        const CGRect rect{{0, 0}, {card.width(), card.height()}};
+        const Image shape = ImageRegistry::shared().applyFilter(
+            "roundedRectangleGenerator",
+            {{"inputExtent", rect}, {"inputRadius", radius}, {"inputColor", ImageColor::white()}});
+        return rekeyed<MaskKey>(baked(shape, CGRect{{0, 0}, {double(w), double(h)}}));
+    });
+    if (!mask) return content;
+    return masked(content, Image(), moved(*mask, card.minX(), card.minY()));
+}
+
+} // namespace ovik

@@ -1,0 +1,25 @@
+#pragma once
+// What one frame is drawn from: the film moment, the sections on screen (back to front) with
+// their source moments and transitions, and the decoded video frame of each section that
+// shows a recording.
+#include <map>
+#include <optional>
+#include <vector>
+
+#include "OvikModel/time/TransitionPhase.h"
+#include "OvikModel/values/Identifier.h"
+#include "OvikModel/values/Times.h"
+#include "OvikPlatform/image/Image.h"
+
+namespace ovik {
+
+struct FrameMoment {
+    OutputTime output;
+    /// None for a draft of one capture without timing.
+    std::optional<std::vector<SectionID>> sections;
+    std::map<SectionID, SourceTime> sources;
+    std::map<SectionID, Image> frames;
+    std::map<SectionID, TransitionPhase> phases;
+};
+
+} // namespace ovik

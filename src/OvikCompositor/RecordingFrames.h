@@ -1,0 +1,31 @@
+#pragma once
+// The video frame a recording shows at a source moment: the segment that holds the moment,
+// its movie read through a deadline-guarded reader. A stuck or broken movie becomes a
+// `RenderFailure`, never a hang.
+#include <cstdint>
+#include <memory>
+#include <optional>
+
+#include "OvikModel/DraftDocument.h"
+#include "OvikModel/draft/Recording.h"
+#include "OvikModel/values/Times.h"
+#include "OvikPlatform/image/Image.h"
+
+namespace ovik {
+
+struct ReadFlags;
+
+struct RecordingFrames {
+    /// Frames come no larger than this on their long side; none keeps the movie's size.
+    std::optional<std::int64_t> maxLongSide;
+    /// How much earlier than the moment the frame may start: a thumbnail takes the key frame
+    /// before it rather than decoding up to it.
+    std::int64_t toleranceMicroseconds = 0;
+    std::shared_ptr<ReadFlags> flags;
+
+    /// The frame at `time`, placed with its corner at the origin; the empty picture before the
+    /// movie's first frame. Throws `RenderFailure`.
+    Image frame(const DraftDocument& document, const Recording& recording, SourceTime time) const;
+};
+
+} // namespace ovik

@@ -1,0 +1,240 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "OvikCompositor/LiveRendering.h"
+#include "OvikCompositor/RenderError.h"
+#include "OvikPlatform/codecs/PNGCodec.h"
+#include "OvikPlatform/media/FFmpegTool.h"
+#include "OvikPlatform/media/PictureDifference.h"
+
+namespace ovik {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::pixelAt;
+
+const testing::RGBA blue{0, 0, 255, 255}, red{255, 0, 0, 255}, green{0, 255, 0, 255};
+
+// A package folder of its own for each test.
+struct Package {
+    fs::path root;
+    explicit Package(const std::string& name) : root(fs::temp_directory_path() / ("ovik-frame-" + name)) {
+        fs::remove_all(root);
+        fs::create_directories(root / "media");
+    }
+    ~Package() { fs::remove_all(root); }
+    void write(const std::string& path, const std::string& bytes) const { std::ofstream(root / path, std::ios::binary) << bytes; }
+};
+
+Draft oneMedia(MediaSource source) {
+    Draft draft;
+    draft.id = DraftID{*UUID::parse("0C0C0C0C-0000-4000-8000-000000000001")};
+    Media media;
+    media.id = MediaID{*UUID::parse("0C0C0C0C-0000-4000-8000-000000000002")};
+    media.source = std::move(source);
+    Section section;
+    section.id = SectionID{*UUID::parse("0C0C0C0C-0000-4000-8000-000000000003")};
+    section.media = media.id;
+    section.length = Section::Length::makeStill(MediaDuration::fromSeconds(5));
+    draft.media = CowList<Media>({media});
+    draft.sections = CowList<Section>({section});
+    return draft;
+}
+
+Draft canvasDraft(RGBA colour, bool transparent = false) {
+    Canvas canvas;
+    canvas.pixelSize = {100, 50};
+    canvas.color = colour;
+    canvas.isTransparent = transparent;
+    return oneMedia(MediaSource::makeCanvas(canvas));
+}
+
+// Two halves: red on the left, green on the right.
+CGImage halves(std::int64_t width, std::int64_t height) {
+    std::vector<std::uint8_t> pixels(std::size_t(width * height * 4));
+    for (std::int64_t y = 0; y < height; ++y)
+        for (std::int64_t x = 0; x < width; ++x) {
+            std::uint8_t* p = &pixels[std::size_t((y * width + x) * 4)];
+            p[x < width / 2 ? 0 : 1] = 255;
+            p[3] = 255;
+        }
+    return CGImage(width, height, width * 4, std::move(pixels));
+}
+
+CGImage still(const Draft& draft, const fs::path& root, std::optional<std::int64_t> at = std::nullopt,
+              std::optional<std::int64_t> size = std::nullopt) {
+    LiveRendering rendering;
+    const auto moment = at ? std::optional(OutputTime{*at}) : std::nullopt;
+    return *rendering.still(DraftDocument{draft, root}, moment, size).cgImage;
+}
+
+TEST(FrameGraph, TheLayersOfACard) {
+    const Package package("layers");
+    struct Case {
+        const char* what;
+        double corner;
+        double shadow;
+        std::int64_t x, y;
+        testing::RGBA expected;
+    };
+    const Case cases[] = {
+        {"background round the card", 0, 0, 5, 5, blue},
+        {"the card's middle", 0, 0, 60, 35, red},
+        {"the card's first pixel", 0, 0, 10, 10, red},
+        {"the pixel before it", 0, 0, 9, 9, blue},
+        {"outside a round corner", 20, 0, 11, 11, blue},
+        {"inside a round corner", 20, 0, 60, 12, red},
+        {"no shadow at strength 0", 0, 0, 60, 65, blue},
+    };
+    for (const Case& c : cases) {
+        Draft draft = canvasDraft(RGBA{1, 0, 0, 1});
+        draft.style.background = Background::makeSolid(RGBA{0, 0, 1, 1});
+        draft.style.padding = 10;
+        draft.style.cornerRadius = c.corner;
+        draft.style.shadow = c.shadow;
+        const CGImage image = still(draft, package.root);
+        ASSERT_EQ(image.width(), 120) << c.what;
+        ASSERT_EQ(image.height(), 70) << c.what;
+        EXPECT_LE(testing::channelError(pixelAt(image, c.x, c.y), c.expected), 1) << c.what;
+    }
+}
+
+TEST(FrameGraph, AShadowDarkensBelowTheCardAndStopsGrowingAt100) {
+    const Package package("shadow");
+    const auto withShadow = [&](double strength) {
+        Draft draft = canvasDraft(RGBA{1, 0, 0, 1});
+        draft.style.background = Background::makeSolid(RGBA{0, 0, 1, 1});
+        draft.style.padding = 40;
+        draft.style.shadow = strength;
+        return still(draft, package.root);
+    };
+    const CGImage strong = withShadow(100);
+    // 12 pixels down, the shadow's offset, just below the card.
+    EXPECT_LT(pixelAt(strong, 90, 95)[2], 230);
+    EXPECT_EQ(pixelAt(strong, 90, 95)[3], 255);
+    EXPECT_EQ(testing::psnr(strong, withShadow(200)), std::numeric_limits<double>::infinity());
+    EXPECT_GT(pixelAt(withShadow(20), 90, 95)[2], pixelAt(strong, 90, 95)[2]);
+}
+
+TEST(FrameGraph, AGradientMixesInLinearLight) {
+    const Package package("gradient");
+    Draft draft = canvasDraft(RGBA{}, true);
+    Canvas wide;
+    wide.pixelSize = {1000, 10};
+    wide.isTransparent = true;
+    std::vector<Media> media = draft.media.items();
+    media[0].source = MediaSource::makeCanvas(wide);
+    draft.media = CowList<Media>(media);
+    draft.style.background = Background::makeGradient({RGBA{0, 0, 0, 1}, RGBA{1, 1, 1, 1}, 0});
+    const CGImage image = still(draft, package.root);
+    EXPECT_LE(pixelAt(image, 0, 5)[0], 3);
+    EXPECT_GE(pixelAt(image, 999, 5)[0], 252);
+    // Half way in linear light is 0.7354 in sRGB.
+    EXPECT_NEAR(pixelAt(image, 500, 5)[0], 188, 1);
+}
+
+TEST(FrameGraph, ACropShowsItsPartOfTheScreenshot) {
+    const Package package("crop");
+    package.write("media/shot.png", PNGCodec::encode(halves(40, 20)));
+    Draft draft = oneMedia(MediaSource::makeScreenshot(Screenshot{PackagePath{"media/shot.png"}, {40, 20}, 1, "sRGB", {}, {}}));
+    std::vector<Media> media = draft.media.items();
+    media[0].crop = CGRect{{20, 0}, {20, 20}};
+    draft.media = CowList<Media>(media);
+    const CGImage image = still(draft, package.root);
+    ASSERT_EQ(image.width(), 20);
+    EXPECT_LE(testing::maxErrorFrom(image, green), 1);
+}
+
+TEST(FrameGraph, StillsFitWithoutEnlarging) {
+    const Package package("fit");
+    const Draft draft = canvasDraft(RGBA{1, 0, 0, 1});
+    EXPECT_EQ(still(draft, package.root, std::nullopt, 40).width(), 40);
+    EXPECT_EQ(still(draft, package.root, std::nullopt, 40).height(), 20);
+    EXPECT_EQ(still(draft, package.root, std::nullopt, 5000).width(), 100);
+    LiveRendering rendering;
+    const DraftDocument document{draft, package.root};
+    EXPECT_EQ(rendering.still(document, std::nullopt, 64).cgImage, rendering.still(document, std::nullopt, 64).cgImage);
+}
+
+TEST(FrameGraph, UnreadablePictures) {
+    const Package package("unreadable");
+    package.write("media/shot.png", "not a picture");
+    const Draft broken =
+        oneMedia(MediaSource::makeScreenshot(Screenshot{PackagePath{"media/shot.png"}, {40, 20}, 1, "sRGB", {}, {}}));
+    try {
+        still(broken, package.root);
+        ADD_FAILURE() << "an unreadable screenshot was drawn";
+    } catch (const RenderFailure& failure) {
+        EXPECT_TRUE(failure.error().is<RenderError::sourceUnreadable>());
+    }
+    // A background picture that can't be read leaves the background clear.
+    Draft missing = canvasDraft(RGBA{1, 0, 0, 1});
+    missing.style.background = Background{{}, Background::image{PackagePath{"media/nowhere.png"}}};
+    missing.style.padding = 10;
+    EXPECT_EQ(pixelAt(still(missing, package.root), 2, 2)[3], 0);
+}
+
+// One second of red, then one of blue.
+Draft recordingDraft(const Package& package) {
+    EXPECT_TRUE(testing::runFFmpeg("-f lavfi -i color=red:s=64x48:r=30:d=1 -f lavfi -i color=blue:s=64x48:r=30:d=1 "
+                                   "-filter_complex concat=n=2:v=1 -c:v libx264 -pix_fmt yuv420p -g 15 " +
+                                   (package.root / "media/movie.mp4").string()));
+    Recording recording;
+    Segment segment;
+    segment.movie = PackagePath{"media/movie.mp4"};
+    segment.duration = MediaDuration::fromSeconds(2);
+    recording.segments = {segment};
+    recording.pixelSize = {64, 48};
+    recording.frameRate = 30;
+    Draft draft = oneMedia(MediaSource::makeRecording(recording));
+    KeptStretch whole;
+    whole.range = SourceRange{SourceTime{0}, SourceTime{2'000'000}};
+    std::vector<Section> sections = draft.sections.items();
+    sections[0].length = Section::Length::makeKept({whole});
+    draft.sections = CowList<Section>(sections);
+    return draft;
+}
+
+TEST(FrameGraph, ARecordingShowsTheFrameOfTheMoment) {
+    const Package package("recording");
+    const Draft draft = recordingDraft(package);
+    const struct {
+        std::optional<std::int64_t> at;
+        testing::RGBA expected;
+    } cases[] = {{500'000, red}, {1'500'000, blue}, {std::nullopt, red}};
+    for (const auto& c : cases) {
+        const CGImage image = still(draft, package.root, c.at);
+        ASSERT_EQ(image.width(), 64);
+        EXPECT_LE(testing::channelError(pixelAt(image, 32, 24), c.expected), 8) << (c.at ? *c.at : -1);
+    }
+}
+
+TEST(FrameGraph, ABrokenMovieIsUnreadableNotAHang) {
+    const Package package("broken");
+    const Draft draft = recordingDraft(package);
+    package.write("media/movie.mp4", std::string(4096, '\x42'));
+    try {
+        still(draft, package.root, 500'000);
+        ADD_FAILURE() << "a broken movie was drawn";
+    } catch (const RenderFailure& failure) {
+        EXPECT_TRUE(failure.error().is<RenderError::sourceUnreadable>()) << failure.what();
+    }
+}
+
+TEST(FrameGraph, AFilmstripTakesEvenlySpacedFrames) {
+    const Package package("filmstrip");
+    Draft draft = recordingDraft(package);
+    draft.style.padding = 50;
+    LiveRendering rendering;
+    const auto strip = rendering.filmstrip(DraftDocument{draft, package.root}, 4, 24);
+    ASSERT_EQ(strip.size(), 4u);
+    // The style is left out: each picture is the capture alone, 24 pixels high.
+    EXPECT_EQ(strip[0].pixelSize(), (PixelSize{32, 24}));
+    EXPECT_LE(testing::maxErrorFrom(*strip[1].cgImage, red), 8);
+    EXPECT_LE(testing::maxErrorFrom(*strip[2].cgImage, blue), 8);
+}
+
+} // namespace
+} // namespace ovik
