@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <cmath>
 
+#include "OvikCompositor/DeviceFrameDrawing.h"
 #include "OvikCompositor/DeviceGeometry.h"
+#include "OvikCompositor/FramePieces.h"
 #include "OvikCompositor/PictureColor.h"
 #include "OvikCompositor/PreparedDraft.h"
 #include "OvikModel/style/OvikBackgrounds.h"
@@ -105,11 +107,14 @@ std::vector<RoundedOutline> outlines(const PreparedDraft& prepared, const CGRect
 } // namespace
 
 FrameGraph::FrameGraph(Wallpaper wallpaper, std::int64_t budget)
-    : wallpaper_(std::move(wallpaper)), backgrounds_(budget / 2), shadows_(budget / 4), cornerMasks_(budget / 4) {}
+    : wallpaper_(std::move(wallpaper)), backgrounds_(budget / 2), shadows_(budget / 4), cornerMasks_(budget / 4),
+      frames_(budget / 8) {}
 
 RenderContext& FrameGraph::context() { return RenderContext::shared(); }
 
-std::int64_t FrameGraph::bakes() const { return backgrounds_.bakes() + shadows_.bakes() + cornerMasks_.bakes(); }
+std::int64_t FrameGraph::bakes() const {
+    return backgrounds_.bakes() + shadows_.bakes() + cornerMasks_.bakes() + frames_.bakes();
+}
 
 Image FrameGraph::render(const PreparedDraft& prepared, const FrameMoment& moment, double canvasScale,
                          std::optional<PixelSize> outputSize) {
@@ -205,9 +210,10 @@ Image FrameGraph::side(const PreparedDraft& prepared, const Side& shown, double 
                                   card.minX() - part.minX() * card.width() / part.width(),
                                   card.minY() - part.minY() * card.height() / part.height()};
     Image content = source->cropped(part).transformed(place, ImageSampler::lanczos).cropped(card);
-    if (radius > 0) content = cornered(content, card, radius);
-    // The device drawing under the content and its overlay wait for the device painter;
-    // objects hosted on the card and the camera wait for their painters.
+    if (radius > 0) content = cornered(content, card, radius, layout.deviceFrame == DeviceFrame::browser);
+    const DeviceGeometry device{layout.deviceFrame, card.width(), card.height(), layout.sourceScale * scale, radius};
+    if (DeviceFrameDrawing::isDrawable(device)) content = framed(content, device, card);
+    // Objects hosted on the card and the camera wait for their painters.
     return content.composited(picture);
 }
 
@@ -246,12 +252,44 @@ Image FrameGraph::shadowed(const std::vector<RoundedOutline>& pieces, const Shad
     return masked(Image::fromColor(ImageColor::black()), over, mask->cropped(shown));
 }
 
+// The device drawn under the content in pieces around its screen, each baked once, and the
+// phone's island over it.
+Image FrameGraph::framed(const Image& content, const DeviceGeometry& device, const CGRect& card) {
+    const auto key = [&](int piece) {
+        return FrameKey{int(device.kind), device.width, device.height, device.pixelsPerPoint, device.windowRadius, piece};
+    };
+    const FramePieces cut = framePieces(device);
+    Image drawing;
+    for (std::size_t i = 0; i < cut.pieces.size(); ++i) {
+        const CGRect piece = cut.pieces[i];
+        const auto baked = frames_.value(key(int(i)), [&]() -> std::optional<BakedImageCache<FrameKey>::Baked> {
+            auto bitmap = std::make_shared<const CGImage>(DeviceFrameDrawing::rasterizePiece(device, piece));
+            const std::int64_t bytes = bitmap->bytesPerRow() * bitmap->height();
+            return BakedImageCache<FrameKey>::Baked{moved(Image::fromCGImage(std::move(bitmap)), piece.minX(), piece.minY()),
+                                                    bytes};
+        });
+        if (baked) drawing = drawing.isEmpty() ? *baked : baked->composited(drawing);
+    }
+    Image out = content.composited(moved(drawing, card.minX(), card.minY()));
+    const auto island = frames_.value(key(-1), [&]() -> std::optional<BakedImageCache<FrameKey>::Baked> {
+        auto shape = DeviceFrameDrawing::island(device);
+        if (!shape) return std::nullopt;
+        const std::int64_t bytes = shape->second.bytesPerRow() * shape->second.height();
+        return BakedImageCache<FrameKey>::Baked{
+            moved(Image::fromCGImage(std::make_shared<const CGImage>(std::move(shape->second))), shape->first.minX(),
+                  shape->first.minY()),
+            bytes};
+    });
+    return island ? moved(*island, card.minX(), card.minY()).composited(out) : out;
+}
+
 // The content inside the card's round corners; the mask is baked once per size and radius.
-Image FrameGraph::cornered(const Image& content, const CGRect& card, double radius) {
+// Under a browser's bar the top corners stay square.
+Image FrameGraph::cornered(const Image& content, const CGRect& card, double radius, bool squareTop) {
     const std::int64_t w = std::llround(std::ceil(card.width())), h = std::llround(std::ceil(card.height()));
-    const MaskKey key{w, h, radius};
+    const MaskKey key{w, h, radius, squareTop};
     const auto mask = cornerMasks_.value(key, [&]() -> std::optional<BakedImageCache<MaskKey>::Baked> {
-        const CGRect rect{{0, 0}, {card.width(), card.height()}};
+        const CGRect rect{{0, 0}, {card.width(), card.height() + (squareTop ? radius + 1 : 0)}};
         const Image shape = ImageRegistry::shared().applyFilter(
             "roundedRectangleGenerator",
             {{"inputExtent", rect}, {"inputRadius", radius}, {"inputColor", ImageColor::white()}});

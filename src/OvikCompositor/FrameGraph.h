@@ -21,6 +21,7 @@
 namespace ovik {
 
 class RenderContext;
+struct DeviceGeometry;
 struct PreparedDraft;
 struct RoundedOutline;
 
@@ -30,7 +31,8 @@ public:
     /// gradient.
     using Wallpaper = std::function<std::optional<ImageBox>()>;
 
-    /// Backgrounds take half the budget, shadows and corner masks a quarter each.
+    /// Backgrounds take half the budget, shadows and corner masks a quarter each, device
+    /// pieces an eighth.
     FrameGraph(Wallpaper wallpaper, std::int64_t cacheBudgetBytes);
 
     /// The picture of `moment` at `canvasScale` (0 or below counts as 1), in an output of
@@ -47,7 +49,10 @@ private:
     // Keys hold content, never identity, so a new prepared draft finds what an old one baked.
     using BackgroundKey = std::tuple<std::string, std::int64_t, std::int64_t, double>;
     using ShadowKey = std::tuple<std::vector<std::tuple<double, double, double, double, double>>, ShadowSpec>;
-    using MaskKey = std::tuple<std::int64_t, std::int64_t, double>;
+    using MaskKey = std::tuple<std::int64_t, std::int64_t, double, bool>;
+    /// The device (kind, width, height, pixels per point, window radius) and the piece; -1 is
+    /// the phone's island.
+    using FrameKey = std::tuple<int, double, double, double, double, int>;
     struct Side;
 
     static std::vector<Side> sides(const PreparedDraft& prepared, const FrameMoment& moment);
@@ -56,12 +61,14 @@ private:
     Image side(const PreparedDraft& prepared, const Side& side, double scale, PixelSize size, const Image& over);
     Image shadowed(const std::vector<RoundedOutline>& outlines, const ShadowSpec& spec, PixelSize size,
                    const Image& over);
-    Image cornered(const Image& content, const CGRect& card, double radius);
+    Image cornered(const Image& content, const CGRect& card, double radius, bool squareTop);
+    Image framed(const Image& content, const DeviceGeometry& device, const CGRect& card);
 
     Wallpaper wallpaper_;
     BakedImageCache<BackgroundKey> backgrounds_;
     BakedImageCache<ShadowKey> shadows_;
     BakedImageCache<MaskKey> cornerMasks_;
+    BakedImageCache<FrameKey> frames_;
 };
 
 } // namespace ovik

@@ -118,6 +118,22 @@ TEST(FrameGraph, AShadowDarkensBelowTheCardAndStopsGrowingAt100) {
     EXPECT_GT(pixelAt(withShadow(20), 90, 95)[2], pixelAt(strong, 90, 95)[2]);
 }
 
+TEST(FrameGraph, ABrowserWindowFramesTheCard) {
+    const Package package("browser");
+    Draft draft = canvasDraft(RGBA{1, 0, 0, 1});
+    draft.style.deviceFrame = DeviceFrame::browser;
+    draft.style.cornerRadius = 10;
+    const CGImage image = still(draft, package.root);
+    // The bar's 40 pixels stand above the content.
+    ASSERT_EQ(image.height(), 90);
+    const testing::RGBA bar = pixelAt(image, 50, 20);
+    EXPECT_GE(bar[0], 225);
+    EXPECT_EQ(bar[0], bar[1]);
+    // Under the bar the content's corners stay square; below they round.
+    EXPECT_LE(testing::channelError(pixelAt(image, 0, 40), red), 1);
+    EXPECT_EQ(pixelAt(image, 0, 89)[3], 0);
+}
+
 TEST(FrameGraph, AGradientMixesInLinearLight) {
     const Package package("gradient");
     Draft draft = canvasDraft(RGBA{}, true);
