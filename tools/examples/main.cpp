@@ -1,5 +1,6 @@
-// `ovik-examples OUT`: makes the sample packages that the demo and the docs use, from our own
-// code only. Every run writes the same bytes: fixed ids, a fixed date, drawn pictures.
+// `ovik-examples OUT MOVIE PHOTO`: makes the sample packages that the demo and the docs use.
+// Every run writes the same bytes: fixed ids, a fixed date, drawn pictures, and media files
+// that the build made with fixed settings (MOVIE, an H.264 movie, and PHOTO, a JPEG).
 //   kept.ovikwork     a screenshot draft whose kept thumbnails match its render key
 //   stale.ovikwork    the same picture, but its kept thumbnails belong to an earlier edit
 //   outside.ovikwork  a draft whose media file leads outside the package: unreadable
@@ -7,12 +8,17 @@
 //                     text fades in over its first half second, the ellipse moves from 1 s to 3 s
 //   timed.ovikwork    two canvas sections: the first eased from 1× to 2× with a hold, the second
 //                     coming in over a transition
+//   picture.ovikwork  the drawn screenshot framed on a solid backdrop, without kept renders
+//   recording.ovikwork  a recording of MOVIE as its one segment, framed on a gradient
+//   photo.ovikwork    PHOTO imported as the draft's still, framed on a gradient
 #include <cmath>
 #include <cstdio>
 #include <filesystem>
 #include <string>
 
-#include "OvikDrafts/FileDraftStore.h"
+#include "ExampleParts.h"
+#include "MediaExamples.h"
+#include "OvikDrafts/DraftPackage.h"
 #include "OvikModel/animation/Action.h"
 #include "OvikModel/keys/DraftRenderKey.h"
 #include "OvikModel/objects/AnnotationDefaults.h"
@@ -22,15 +28,9 @@
 
 namespace fs = std::filesystem;
 using namespace ovik;
+using namespace ovik::examples;
 
 namespace {
-
-template <class ID>
-ID fixedID(int n) {
-    char text[40];
-    std::snprintf(text, sizeof text, "0E5A11C0-0000-4000-8000-%012d", n);
-    return ID{*UUID::parse(text)};
-}
 
 // A desktop-like picture: a vertical gradient, a window with a title bar and a few lines of text.
 CGImage screenshotPicture(std::int64_t width, std::int64_t height) {
@@ -85,7 +85,7 @@ Draft screenshotDraft(const std::string& imagePath) {
     Draft draft;
     draft.id = fixedID<DraftID>(1);
     draft.name = "2026-01-15 截图 10.30";
-    draft.createdAt = Date{790'165'800};
+    draft.createdAt = exampleDate;
     Media media;
     media.id = fixedID<MediaID>(2);
     media.source = MediaSource::makeScreenshot(Screenshot{PackagePath{imagePath}, PixelSize{1280, 800}, 2, "sRGB", {}, {}});
@@ -105,7 +105,7 @@ Draft animationDraft() {
     Canvas canvas;
     canvas.pixelSize = PixelSize{1920, 1080};
     canvas.color = RGBA{0.07, 0.09, 0.15, 1};
-    Draft draft = Draft::newAnimation(canvas, MediaDuration::fromSeconds(6), Date{790'165'800},
+    Draft draft = Draft::newAnimation(canvas, MediaDuration::fromSeconds(6), exampleDate,
                                       fixedID<DraftID>(10), TimeZone{0});
     draft.media.mutableItems()[0].id = fixedID<MediaID>(11);
     draft.sections.mutableItems()[0].id = fixedID<SectionID>(12);
@@ -147,9 +147,12 @@ Draft timedDraft() {
     return draft;
 }
 
-void writePackage(const fs::path& package, const Draft& draft) {
-    fs::create_directories(package / "media");
-    FileDraftStore::writeDraft(draft, package);
+// The drawn screenshot on a plain light backdrop, inset with round corners and a shadow.
+Draft pictureDraft() {
+    Draft draft = screenshotDraft(std::string(DraftPackage::screenshotPath));
+    draft.id = fixedID<DraftID>(40);
+    draft.style = framedStyle(Background::makeSolid(RGBA{0.92, 0.93, 0.95, 1}), 48, 12, 40);
+    return draft;
 }
 
 void writeThumbnails(const fs::path& package, const Draft& keyedDraft, const CGImage& picture) {
@@ -160,7 +163,7 @@ void writeThumbnails(const fs::path& package, const Draft& keyedDraft, const CGI
     }
 }
 
-void makeExamples(const fs::path& out) {
+void makeExamples(const fs::path& out, const fs::path& movie, const fs::path& photo) {
     const CGImage picture = screenshotPicture(1280, 800);
     const std::string shot = PNGCodec::encode(picture);
 
@@ -181,18 +184,23 @@ void makeExamples(const fs::path& out) {
 
     writePackage(out / "animation.ovikwork", animationDraft());
     writePackage(out / "timed.ovikwork", timedDraft());
+
+    writePackage(out / "picture.ovikwork", pictureDraft());
+    AtomicFile::write(shot, out / "picture.ovikwork" / DraftPackage::screenshotPath);
+    writeRecordingPackage(out / "recording.ovikwork", movie);
+    writePhotoPackage(out / "photo.ovikwork", photo);
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
-    if (argc != 2) {
-        std::fprintf(stderr, "usage: ovik-examples OUT-FOLDER\n");
+    if (argc != 4) {
+        std::fprintf(stderr, "usage: ovik-examples OUT-FOLDER MOVIE PHOTO\n");
         return 2;
     }
     try {
         fs::create_directories(argv[1]);
-        makeExamples(argv[1]);
+        makeExamples(argv[1], argv[2], argv[3]);
     } catch (const std::exception& error) {
         std::fprintf(stderr, "ovik-examples: %s\n", error.what());
         return 1;
