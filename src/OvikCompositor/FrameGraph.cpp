@@ -33,11 +33,12 @@ Image moved(const Image& image, double dx, double dy) {
     return image.transformed(CGAffineTransform::translation(dx, dy), ImageSampler::nearest);
 }
 
-// Renders `rect` of `image` once and keeps the pixels: what a cache holds.
+// Renders `rect` of `image` once and keeps the working pixels: what a cache holds. Kept
+// unencoded, they are read back exactly and with no decoding.
 BakedImageCache<int>::Baked baked(const Image& image, const CGRect& rect) {
-    auto bitmap = std::make_shared<const CGImage>(FrameGraph::context().createCGImage(image, rect));
-    const std::int64_t bytes = bitmap->bytesPerRow() * bitmap->height();
-    return {moved(Image::fromCGImage(std::move(bitmap)), rect.minX(), rect.minY()), bytes};
+    auto bitmap = std::make_shared<const BitmapFloat>(FrameGraph::context().renderFloat(image, rect));
+    const auto bytes = std::int64_t(bitmap->pixels.size() * sizeof(float));
+    return {moved(Image::fromBitmap(std::move(bitmap)), rect.minX(), rect.minY()), bytes};
 }
 
 template <class Key>

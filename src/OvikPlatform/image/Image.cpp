@@ -8,6 +8,7 @@
 #include "OvikPlatform/image/ClampNode.h"
 #include "OvikPlatform/image/ColorMatrix.h"
 #include "OvikPlatform/image/FilterInputs.h"
+#include "OvikPlatform/image/FloatBitmapSourceNode.h"
 #include "OvikPlatform/image/GaussianBlur.h"
 #include "OvikPlatform/image/ImageColor.h"
 #include "OvikPlatform/image/ImageError.h"
@@ -77,6 +78,11 @@ const ImageKernel& colorMatrixKernel() {
 }
 
 } // namespace
+
+Image Image::fromBitmap(std::shared_ptr<const BitmapFloat> bitmap) {
+    if (!bitmap || bitmap->width == 0 || bitmap->height == 0) return Image();
+    return Image(std::make_shared<FloatBitmapSourceNode>(std::move(bitmap)));
+}
 
 Image Image::fromCGImage(std::shared_ptr<const CGImage> bitmap) {
     if (!bitmap || bitmap->width() == 0 || bitmap->height() == 0) return Image();

@@ -13,6 +13,7 @@
 
 #include "OvikPlatform/geometry/CGAffineTransform.h"
 #include "OvikPlatform/geometry/CGRect.h"
+#include "OvikPlatform/image/Bitmap.h"
 #include "OvikPlatform/image/ImageSampler.h"
 
 namespace ovik {
@@ -29,6 +30,8 @@ public:
     Image() = default;
     /// A bitmap (sRGB, premultiplied) with its lower left corner at the origin.
     static Image fromCGImage(std::shared_ptr<const CGImage> bitmap);
+    /// Working pixels from an earlier render, with their lower left corner at the origin.
+    static Image fromBitmap(std::shared_ptr<const BitmapFloat> bitmap);
     /// A colour over the whole plane.
     static Image fromColor(const ImageColor& color);
     /// An image of the layer's own graph; a null node is the empty image.

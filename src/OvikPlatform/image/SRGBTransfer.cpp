@@ -4,6 +4,7 @@
 #include <array>
 #include <bit>
 #include <cmath>
+#include <mutex>
 #include <vector>
 
 namespace ovik {
@@ -23,18 +24,25 @@ Code colorCode(float component, float alpha, Code storedAlpha) {
 }
 
 // Working values of every stored (component, alpha) pair, indexed alpha × 256 + component.
-std::vector<float> makeDecodeTable() {
-    std::vector<float> table(256 * 256);
-    for (int a = 1; a < 256; ++a)
-        for (int c = 0; c < 256; ++c) {
-            const int held = std::min(c, a);
-            table[std::size_t(a * 256 + c)] = float(SRGBTransfer::toLinear(double(held) / a) * (a / 255.0));
-        }
-    return table;
-}
+// A row is worked out the first time a pixel of its alpha is read: most pictures are opaque,
+// and a whole table costs 65,536 powers.
+struct DecodeTable {
+    std::vector<float> values = std::vector<float>(256 * 256);
+    std::array<std::once_flag, 256> made;
 
-const std::vector<float>& decodeTable() {
-    static const std::vector<float> table = makeDecodeTable();
+    const float* row(std::uint8_t a) {
+        std::call_once(made[a], [this, a] {
+            for (int c = 0; c < 256; ++c) {
+                const int held = std::min<int>(c, a);
+                values[std::size_t(a * 256 + c)] = a == 0 ? 0 : float(SRGBTransfer::toLinear(double(held) / a) * (a / 255.0));
+            }
+        });
+        return values.data() + std::size_t(a) * 256;
+    }
+};
+
+DecodeTable& decodeTable() {
+    static DecodeTable table;
     return table;
 }
 
@@ -54,19 +62,23 @@ struct EncodeTables {
         thresholds[0] = 0;
         thresholds[256] = INFINITY;
         for (int v = 1; v < 256; ++v) thresholds[std::size_t(v)] = leastWithCode(v);
-        for (int i = 0; i < buckets; ++i) start[std::size_t(i)] = std::uint8_t(exactCode(float(i) / buckets));
+        // A value's code is the last whose threshold it reaches.
+        int code = 0;
+        for (int i = 0; i < buckets; ++i) {
+            while (float(i) / buckets >= thresholds[std::size_t(code + 1)]) ++code;
+            start[std::size_t(i)] = std::uint8_t(code);
+        }
     }
 
+    // From the curve's own inverse at the code's lower half step, then float by float to the
+    // exact edge: a few powers where a bisection takes thirty.
     static float leastWithCode(int v) {
-        std::uint32_t low = 0, high = std::bit_cast<std::uint32_t>(1.0f);
-        while (low < high) {
-            const std::uint32_t middle = low + (high - low) / 2;
-            if (exactCode(std::bit_cast<float>(middle)) >= v)
-                high = middle;
-            else
-                low = middle + 1;
-        }
-        return std::bit_cast<float>(low);
+        float guess = float(SRGBTransfer::toLinear((v - 0.5) / 255));
+        const auto below = [](float f) { return std::bit_cast<float>(std::bit_cast<std::uint32_t>(f) - 1); };
+        const auto above = [](float f) { return std::bit_cast<float>(std::bit_cast<std::uint32_t>(f) + 1); };
+        while (guess > 0 && exactCode(below(guess)) >= v) guess = below(guess);
+        while (exactCode(guess) < v) guess = above(guess);
+        return guess;
     }
 };
 
@@ -90,7 +102,7 @@ double SRGBTransfer::toEncoded(double linear) {
 }
 
 Pixel SRGBTransfer::decode8(std::uint8_t r, std::uint8_t g, std::uint8_t b, std::uint8_t a) {
-    const float* row = decodeTable().data() + std::size_t(a) * 256;
+    const float* row = decodeTable().row(a);
     return {row[r], row[g], row[b], float(a) / 255.0f};
 }
 

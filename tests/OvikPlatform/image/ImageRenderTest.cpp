@@ -64,6 +64,17 @@ TEST(ImageRender, ThreadCountDoesNotChangeABit) {
     EXPECT_TRUE(sameBits(alone, RenderContext(2).renderFloat(frame, rect)));
 }
 
+TEST(ImageRender, AKeptRenderReadsBackBitForBit) {
+    // Part of a frame kept as working pixels and placed where it came from, as a cache keeps it.
+    const Image frame = sampleFrame();
+    const CGRect part{{100, 50}, {300, 200}};
+    auto kept = std::make_shared<const BitmapFloat>(RenderContext(2).renderFloat(frame, part));
+    const Image back =
+        Image::fromBitmap(kept).transformed(CGAffineTransform::translation(100, 50), ImageSampler::nearest);
+    EXPECT_EQ(back.extent(), part);
+    EXPECT_TRUE(sameBits(*kept, RenderContext(2).renderFloat(back, part)));
+}
+
 TEST(ImageRender, PartsMatchTheWholeBitForBit) {
     const Image frame = sampleFrame();
     const test::Rendered whole = test::render(frame, {0, 0, 700, 500});
