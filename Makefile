@@ -38,7 +38,14 @@ demo: build
 	$(OVIK) time $(EXAMPLES)/timed.ovikwork --output 2000000 --json
 	@echo "--- an object of the animation sample halfway through its fade:"
 	$(OVIK) state $(EXAMPLES)/animation.ovikwork "文字 1" --at 250000 --json
-	@echo "Thumbnails written to out/"
+	@echo "--- thumbnails composed on the spot (no kept renders): a recording, a screenshot, a photo:"
+	$(OVIK) thumbnail $(EXAMPLES)/recording.ovikwork --size 512 --output out/recording-thumbnail.png --json
+	$(OVIK) thumbnail $(EXAMPLES)/picture.ovikwork --size 512 --output out/picture-thumbnail.png --json
+	$(OVIK) thumbnail $(EXAMPLES)/photo.ovikwork --size 512 --output out/photo-thumbnail.png --json
+	@echo "--- a still of the recording at 2 s, and a filmstrip of it:"
+	$(OVIK) render $(EXAMPLES)/recording.ovikwork --at 2000000 --size 960 --output out/recording-2s.png
+	$(OVIK) filmstrip $(EXAMPLES)/recording.ovikwork --count 6 --height 90 --output out/recording-filmstrip.png
+	@echo "Thumbnails and stills written to out/"
 
 test: build
 	cd $(BUILD) && ctest --output-on-failure -j $(JOBS)
