@@ -18,9 +18,10 @@ namespace {
 namespace fs = std::filesystem;
 
 // An effect stack of one look table.
-JSONValue lutStack(const std::string& digest) {
-    return JSONValue::parse(R"({"entries":[{"primitive":"lut","params":[{"name":"name","value":{"text":"Warm"}},)"
-                            R"({"name":"sha256","value":{"text":")" + digest + R"("}}]}]})");
+EffectStack lutStack(const std::string& digest) {
+    return decodeJSON<EffectStack>(
+        std::string_view(R"({"entries":[{"primitive":"lut","params":[{"name":"name","value":{"text":"Warm"}},)"
+                         R"({"name":"sha256","value":{"text":")" + digest + R"("}}]}]})"));
 }
 
 Draft screenshotDraft(const std::string& image) {

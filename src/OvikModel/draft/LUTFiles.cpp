@@ -8,31 +8,15 @@
 namespace ovik {
 namespace {
 
-// A parameter's text, stored tagged ({"text": "…"}) or bare.
-const std::string* textValue(const JSONValue& value) {
-    if (const std::string* text = value.string()) return text;
-    if (const JSONValue* tagged = value.at("text")) return tagged->string();
-    return nullptr;
+const std::string* lutDigest(const Effect& effect) {
+    if (effect.primitive != EffectPrimitive::lut) return nullptr;
+    const ProgramParam* digest = effect.storedParam("sha256");
+    if (!digest || !digest->value.is<ProgramValue::text>()) return nullptr;
+    return &digest->value.as<ProgramValue::text>().value;
 }
 
-const std::string* lutDigest(const JSONValue& effect) {
-    const JSONValue* primitive = effect.at("primitive");
-    const JSONValue* params = effect.at("params");
-    if (!primitive || !primitive->string() || *primitive->string() != "lut" || !params || !params->array())
-        return nullptr;
-    for (const JSONValue& param : *params->array()) {
-        const JSONValue* name = param.at("name");
-        const JSONValue* value = param.at("value");
-        if (name && name->string() && *name->string() == "sha256" && value) return textValue(*value);
-    }
-    return nullptr;
-}
-
-void collect(const std::optional<JSONValue>& stack, std::set<PackagePath>& out) {
-    if (!stack) return;
-    const JSONValue* entries = stack->at("entries");
-    if (!entries || !entries->array()) return;
-    for (const JSONValue& effect : *entries->array())
+void collect(const EffectStack& stack, std::set<PackagePath>& out) {
+    for (const Effect& effect : stack.entries)
         if (const std::string* digest = lutDigest(effect)) out.insert(PackagePath{"luts/" + *digest + ".cube"});
 }
 
@@ -42,7 +26,8 @@ std::vector<PackagePath> lutFiles(const Draft& draft) {
     std::set<PackagePath> paths;
     collect(draft.style.look, paths);
     for (const Media& media : draft.media) collect(media.effects, paths);
-    for (const Section& section : draft.sections) collect(section.look, paths);
+    for (const Section& section : draft.sections)
+        if (section.look) collect(*section.look, paths);
     forEachNode(draft.objects, std::nullopt,
                 [&](const ObjectNode& node, const ObjectLocation&) { collect(node.effects, paths); });
     return {paths.begin(), paths.end()};

@@ -10,7 +10,7 @@ namespace ovik {
 struct Draft;
 
 /// Of the style's look, every media's and object's effects and every section's look; each
-/// once, sorted by path text. A stack's entries are read as stored until stacks are typed.
+/// once, sorted by path text.
 std::vector<PackagePath> lutFiles(const Draft& draft);
 
 } // namespace ovik

@@ -5,6 +5,7 @@
 
 #include "OvikModel/animation/Action.h"
 #include "OvikModel/draft/MediaSource.h"
+#include "OvikModel/effects/EffectStack.h"
 #include "OvikPlatform/json/JSONCoding.h"
 #include "OvikModel/objects/BlendMode.h"
 #include "OvikModel/objects/ClipShape.h"
@@ -36,11 +37,11 @@ struct Media {
     bool motionBlur = false;
     std::optional<ClipShape> clip;
     std::optional<BlendMode> blend;
-    std::optional<JSONValue> effects; // pending: EffectStack, none when absent
+    EffectStack effects;
     std::optional<JSONValue> cursorPath; // pending: CursorPath
 
     /// No clip, no blend and no effects: the picture is drawn as it is.
-    bool isPlainPicture() const { return !clip && !blend && !effects; }
+    bool isPlainPicture() const { return !clip && !blend && effects.isEmpty(); }
 
     bool operator==(const Media&) const = default;
     static constexpr auto jsonFields() {
@@ -52,7 +53,7 @@ struct Media {
                           defaulted("motionBlur", &Media::motionBlur),
                           optional("clip", &Media::clip),
                           optional("blend", &Media::blend),
-                          optional("effects", &Media::effects),
+                          defaulted("effects", &Media::effects),
                           optional("cursorPath", &Media::cursorPath)};
     }
 };

@@ -12,6 +12,7 @@
 #include "OvikModel/draft/SectionSpeed.h"
 #include "OvikModel/draft/SectionSplit.h"
 #include "OvikModel/draft/Transition.h"
+#include "OvikModel/effects/EffectStack.h"
 #include "OvikModel/values/Identifier.h"
 
 namespace ovik {
@@ -50,7 +51,7 @@ struct Section {
     std::optional<JSONValue> space; // pending: SpaceSettings
     std::optional<SectionSpeed> speed;
     std::optional<SectionSplit> split;
-    std::optional<JSONValue> look; // pending: EffectStack
+    std::optional<EffectStack> look;
     std::vector<Action> lookActions;
 
     bool operator==(const Section&) const = default;

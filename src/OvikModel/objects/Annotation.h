@@ -1,11 +1,12 @@
 #pragma once
 // What a leaf of the object tree shows: one of sixteen kinds, each with its stored payload.
-// Particles, solids and generators keep their JSON as read until their models exist.
+// Solids and generators keep their JSON as read until their models exist.
 #include "OvikModel/objects/AnnotationKind.h"
 #include "OvikModel/objects/CounterAnnotation.h"
 #include "OvikModel/objects/FollowPointAnnotation.h"
 #include "OvikModel/objects/LineAnnotation.h"
 #include "OvikModel/objects/MagnifierAnnotation.h"
+#include "OvikModel/objects/ParticlesAnnotation.h"
 #include "OvikModel/objects/PathAnnotation.h"
 #include "OvikModel/objects/PenAnnotation.h"
 #include "OvikModel/objects/RedactAnnotation.h"
@@ -43,7 +44,7 @@ struct Annotation : Enumeration<Annotation> {
     using sticker = Case<StickerAnnotation, stickerName>;
     using path = Case<PathAnnotation, pathName>;
     using followPoint = Case<FollowPointAnnotation, followPointName>;
-    using particles = Case<JSONValue, particlesName>; // pending: ParticlesAnnotation
+    using particles = Case<ParticlesAnnotation, particlesName>;
     using solid = Case<JSONValue, solidName>;         // pending: SolidAnnotation
     using generator = Case<JSONValue, generatorName>; // pending: GeneratorAnnotation
 

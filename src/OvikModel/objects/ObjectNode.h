@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "OvikModel/animation/Action.h"
+#include "OvikModel/effects/EffectStack.h"
 #include "OvikModel/objects/Annotation.h"
 #include "OvikModel/objects/BlendMode.h"
 #include "OvikModel/objects/ClipShape.h"
@@ -74,7 +75,7 @@ struct ObjectNode {
     std::optional<JSONValue> drivers; // pending: Drivers
     std::optional<StrokeProgress> strokeProgress;
     HeldIfSet<InkTexture> inkTexture;
-    std::optional<JSONValue> effects; // pending: EffectStack; none is the empty stack
+    EffectStack effects;
     HeldIfSet<Clock> clock;
     bool depthSorted = false;
     HeldIfSet<JSONValue> backFace; // pending: BackFace
@@ -115,7 +116,7 @@ struct ObjectNode {
                           optional("drivers", &N::drivers),
                           optional("strokeProgress", &N::strokeProgress),
                           optional("inkTexture", &N::inkTexture),
-                          optional("effects", &N::effects),
+                          defaulted("effects", &N::effects),
                           optional("clock", &N::clock),
                           defaulted("depthSorted", &N::depthSorted),
                           optional("backFace", &N::backFace),

@@ -76,7 +76,7 @@ const std::vector<Annotation>& annotationSamples() {
             defaults.sticker(frame, PackagePath{}),
             Annotation{{}, Annotation::path{}},
             Annotation{{}, Annotation::followPoint{}},
-            Annotation{{}, Annotation::particles{JSONValue(JSONValue::Object{})}},
+            Annotation{{}, Annotation::particles{ParticlesAnnotation::standard(frame, std::nullopt, 0)}},
             Annotation{{}, Annotation::solid{JSONValue(JSONValue::Object{})}},
             Annotation{{}, Annotation::generator{JSONValue(JSONValue::Object{})}},
         };

@@ -5,6 +5,7 @@
 #include "OvikL10n/L10n.h"
 #include "OvikModel/objects/ObjectWalks.h"
 #include "OvikModel/scene/AnnotationAccess.h"
+#include "OvikModel/scene/EffectAccess.h"
 #include "OvikModel/scene/PropertyError.h"
 #include "OvikModel/scene/PropertyValue.h"
 
@@ -17,9 +18,9 @@ namespace {
 
 std::string undoName(const PropertySpec& spec) { return L10n::format("model.property.undo.set", {spec.title()}); }
 
-// Parts that later work builds: effect stacks and generator parameters.
-void requirePlainKey(const PropertyPath& path) {
-    if (path.effect || path.param) refuse("model.property.path.notBuilt", {path.description()});
+// Generator parameters are built later.
+void refuseGeneratorParam(const PropertyPath& path) {
+    if (path.param) refuse("model.property.path.notBuilt", {path.description()});
 }
 
 bool applies(const ObjectAccess& access, const ObjectNode& node) {
@@ -102,7 +103,8 @@ std::optional<std::string> setOnDraft(Draft& draft, const JSONValue& value, cons
 } // namespace
 
 std::optional<JSONValue> propertyValue(const Draft& draft, const PropertyPath& path) {
-    requirePlainKey(path);
+    if (path.effect) return effectValue(draft, path);
+    refuseGeneratorParam(path);
     const PropertySpec& spec = path.key.spec();
     using T = PropertyPath::Target;
     if (const auto* object = std::get_if<T::object>(&path.target.cases)) {
@@ -119,7 +121,8 @@ std::optional<JSONValue> propertyValue(const Draft& draft, const PropertyPath& p
 }
 
 std::optional<std::string> setProperty(Draft& draft, const JSONValue& value, const PropertyPath& path) {
-    requirePlainKey(path);
+    if (path.effect) return setEffect(draft, value, path);
+    refuseGeneratorParam(path);
     const PropertySpec& spec = path.key.spec();
     using T = PropertyPath::Target;
     if (const auto* object = std::get_if<T::object>(&path.target.cases)) return setOnObject(draft, value, object->id, spec);

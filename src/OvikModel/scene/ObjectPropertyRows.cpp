@@ -2,6 +2,7 @@
 // rows that lenses, fonts, materials, effects, generators, particles and solids add.
 #include "OvikModel/scene/AnnotationAccess.h"
 #include "OvikModel/scene/NodeAccess.h"
+#include "OvikModel/scene/ParticleAccess.h"
 #include "OvikModel/scene/PropertyField.h"
 #include "OvikModel/scene/PropertyRow.h"
 #include "OvikModel/scene/PropertyRows.h"
@@ -164,27 +165,68 @@ void materialEffectParamRows(std::vector<PropertySpec>& rows) {
     rows.push_back(numberRow("param").moving(PropertyMotion::add(PropertyDomain::generator)));
 }
 
+// Quantities "not below 0" that have no limit of their own (speeds, sizes, drag) stop at a
+// number no picture needs more of, so that a refusal names a range a person can read.
+constexpr double particleMost = 100000;
+
+PropertyRow particleNumber(std::string_view sdk, double lo, double hi = particleMost) {
+    return std::move(numberRow(sdk).ranged(lo, hi));
+}
+PropertyRow particleRow(std::string_view sdk, PropertyValueType type, PropertyForm form) {
+    return std::move(objectRow(sdk).typed(type, form));
+}
+
 void particleRows(std::vector<PropertySpec>& rows) {
-    for (const char* sdk :
-         {"particleRate",        "particleBurst",          "particleLife",         "particleSpeed",
-          "particleDirection",   "particleSpread",         "particleGravity",      "particleSize",
-          "particleTrail",       "particleDepth",          "particleBlend",        "particleLook",
-          "particleSeed",        "particleMax",            "particleLifeRange",    "particleSpeedRange",
-          "particleSizeEnd",     "particleSizeJitter",     "particleColorPick",    "particleBrightness",
-          "particleSoftness",    "particleFadeIn",         "particleFadeOut",      "particlePrewarm",
-          "particleSource",      "particleInside",         "particleLetterDelay",  "particleSizeOverLife",
-          "particleOpacityOverLife", "particleColorOverLife", "particleTurbulence", "particleTurbulenceRate",
-          "particleTurbulenceScale", "particleFlip",       "particleSpin",         "particleDrag",
-          "particleGlyphs",      "particleColors",         "particleFrom",         "particleTexture",
-          "particleWind"})
-        rows.push_back(numberRow(sdk));
-    const auto choose = [&rows](std::string_view sdk, std::vector<std::string> words) {
-        for (PropertySpec& row : rows)
-            if (row.sdk == sdk) row = choiceRow(sdk, words);
-    };
-    choose("particleBlend", {"normal", "add", "lighten"});
-    choose("particleLook", {"dot", "flake", "texture", "glyph"});
-    choose("particleColorPick", {"overLife", "each"});
+    using P = ParticlesAnnotation;
+    namespace L = ParticleLimits;
+    rows.push_back(particleNumber("particleRate", 0, L::highestRate).access(particleField(&P::rate)));
+    rows.push_back(particleRow("particleBurst", number, PropertyForm::pointsOrNone).access(particleBurstAccess()));
+    rows.push_back(particleNumber("particleLife", L::shortestLife, L::longestLife).unit("s").access(particleRangeMiddleAccess(&P::life)));
+    rows.push_back(particleNumber("particleSpeed", 0).access(particleRangeMiddleAccess(&P::speed)));
+    rows.push_back(numberRow("particleDirection").typed(angle, PropertyForm::number).access(particleField(&P::direction)));
+    rows.push_back(particleNumber("particleSpread", 0, 360).typed(angle, PropertyForm::number).access(particleField(&P::spread)));
+    rows.push_back(particleRow("particleGravity", vector2, PropertyForm::pointOrNone).access(particleVectorAccess(&P::gravity)));
+    rows.push_back(particleNumber("particleSize", 0).unit("pt").access(particleField(&P::sizeStart)));
+    rows.push_back(particleNumber("particleTrail", 0, L::longestTrail).unit("s").access(particleField(&P::trail)));
+    rows.push_back(particleNumber("particleDepth", 0, L::depth).unit("pt").access(particleField(&P::depth)));
+    rows.push_back(choiceRow("particleBlend", caseWords<ParticleBlend>()).access(particleField(&P::blend)));
+    rows.push_back(choiceRow("particleLook", caseWords<ParticleLook>()).access(particleField(&P::look)));
+    rows.push_back(particleNumber("particleSeed", 0, 4294967295.0).access(particleSeedAccess()));
+    rows.push_back(particleNumber("particleMax", 1, L::perObject).access(particleMaxAccess()));
+    rows.push_back(particleRow("particleLifeRange", number, PropertyForm::pointOrNone)
+                       .ranged(L::shortestLife, L::longestLife)
+                       .access(particleRangeAccess(&P::life)));
+    rows.push_back(particleRow("particleSpeedRange", number, PropertyForm::pointOrNone).ranged(0, particleMost)
+                       .access(particleRangeAccess(&P::speed)));
+    rows.push_back(particleNumber("particleSizeEnd", 0).unit("pt").access(particleField(&P::sizeEnd)));
+    rows.push_back(particleNumber("particleSizeJitter", 0, 1).access(particleField(&P::sizeJitter)));
+    rows.push_back(choiceRow("particleColorPick", caseWords<ParticleColorPick>()).access(particleField(&P::colorPick)));
+    rows.push_back(particleNumber("particleBrightness", 0, L::brightest).access(particleField(&P::brightness)));
+    rows.push_back(particleNumber("particleSoftness", 0, 1).access(particleField(&P::softness)));
+    rows.push_back(particleNumber("particleFadeIn", 0, 1).access(particleField(&P::fadeIn)));
+    rows.push_back(particleNumber("particleFadeOut", 0, 1).access(particleField(&P::fadeOut)));
+    rows.push_back(onOff("particlePrewarm").access(particleField(&P::prewarm)));
+    rows.push_back(particleRow("particleSource", vector2, PropertyForm::pointOrNone).access(particleSourceAccess()));
+    rows.push_back(onOff("particleInside").access(particleInsideAccess()));
+    rows.push_back(particleNumber("particleLetterDelay", 0, L::letterDelay).unit("s").access(particleLetterDelayAccess()));
+    rows.push_back(particleRow("particleSizeOverLife", number, PropertyForm::pointsOrNone)
+                       .ranged(0, L::biggestLifeSize)
+                       .access(particleCurveAccess(&P::sizeOverLife)));
+    rows.push_back(particleRow("particleOpacityOverLife", number, PropertyForm::pointsOrNone)
+                       .ranged(0, 1)
+                       .access(particleCurveAccess(&P::opacityOverLife)));
+    rows.push_back(particleRow("particleColorOverLife", color, PropertyForm::list).access(particleColorOverLifeAccess()));
+    rows.push_back(particleNumber("particleTurbulence", 0).unit("pt").access(particleField(&P::turbulence)));
+    rows.push_back(particleNumber("particleTurbulenceRate", 0).access(particleField(&P::turbulenceRate)));
+    rows.push_back(particleNumber("particleTurbulenceScale", 0, L::turbulenceScale).unit("pt").access(particleField(&P::turbulenceScale)));
+    rows.push_back(particleNumber("particleFlip", -L::fastestFlip, L::fastestFlip).access(particleField(&P::flip)));
+    rows.push_back(numberRow("particleSpin").typed(angle, PropertyForm::number).access(particleField(&P::spin)));
+    rows.push_back(particleNumber("particleDrag", 0).access(particleField(&P::drag)));
+    rows.push_back(particleRow("particleGlyphs", text, PropertyForm::text).access(particleGlyphsAccess()));
+    rows.push_back(particleRow("particleColors", color, PropertyForm::list).access(particleColorsAccess()));
+    rows.push_back(particleRow("particleFrom", text, PropertyForm::objectOrOff).access(particleFromAccess()));
+    rows.push_back(particleRow("particleTexture", image, PropertyForm::file).access(particleTextureAccess()));
+    rows.push_back(particleRow("particleWind", vector2, PropertyForm::pointOrNone).access(particleVectorAccess(&P::wind)));
 }
 
 void spanAndSolidRows(std::vector<PropertySpec>& rows) {

@@ -5,6 +5,7 @@
 #include <optional>
 #include <set>
 
+#include "OvikModel/effects/EffectStack.h"
 #include "OvikModel/style/AspectRatio.h"
 #include "OvikModel/style/Background.h"
 #include "OvikModel/style/DeviceFrame.h"
@@ -30,7 +31,7 @@ struct Style {
     DeviceFrame deviceFrame = DeviceFrame::none;
     /// Sections that are off: their values stay stored but have no effect.
     std::set<StyleSection> disabled;
-    std::optional<JSONValue> look; // pending: EffectStack; none is `EffectStack.none`
+    EffectStack look;
     LookScope lookScope = LookScope::all;
     std::optional<MotionBlur> motionBlur;
 
@@ -55,7 +56,7 @@ struct Style {
                           required("aspect", &Style::aspect),
                           required("deviceFrame", &Style::deviceFrame),
                           defaulted<StyleSectionSetCoding>("disabled", &Style::disabled),
-                          optional("look", &Style::look),
+                          defaulted("look", &Style::look),
                           defaulted("lookScope", &Style::lookScope),
                           optional("motionBlur", &Style::motionBlur)};
     }

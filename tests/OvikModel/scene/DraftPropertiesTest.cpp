@@ -95,7 +95,7 @@ TEST(DraftProperties, RefusalsNameTheProblemAndChangeNothing) {
         {"cursor.color", JSONValue(std::string("red")), "#RRGGBB"},
         {"Box.hidden", JSONValue(1.0), "true or false"},
         {"Box.position", JSONValue(1.0), "animated by actions"},
-        {"Box.effects[0].amount", JSONValue(1.0), "yet"},
+        {"Box.effects[0].amount", JSONValue(1.0), "there are no effects here"},
     };
     for (const Case& c : cases) {
         Draft draft = boxDraft();

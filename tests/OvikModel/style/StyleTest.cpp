@@ -22,7 +22,7 @@ Style busyStyle() {
     style.aspect = AspectRatio::makeRatio(16, 9);
     style.deviceFrame = DeviceFrame::iPhone;
     style.disabled = {StyleSection::shadow, StyleSection::background, StyleSection::look};
-    style.look = JSONValue::parse(R"({"entries":[{"primitive":"grain"}]})");
+    style.look = decodeJSON<EffectStack>(std::string_view(R"({"entries":[{"primitive":"grain"}]})"));
     style.lookScope = LookScope::background;
     style.motionBlur = MotionBlur{};
     return style;
@@ -122,7 +122,7 @@ TEST(Style, IsChangedLooksAtOneSectionOnly) {
         {[](Style& s) { s.padding = 1; }, StyleSection::padding},
         {[](Style& s) { s.cornerRadius = 1; }, StyleSection::cornerRadius},
         {[](Style& s) { s.shadow = 1; }, StyleSection::shadow},
-        {[](Style& s) { s.look = JSONValue::parse(R"({"entries":[]})"); }, StyleSection::look},
+        {[](Style& s) { s.look = EffectStack{{Effect{EffectPrimitive::grain, {}}}}; }, StyleSection::look},
         {[](Style& s) { s.lookScope = LookScope::background; }, StyleSection::look},
     };
     for (const Case& c : cases) {

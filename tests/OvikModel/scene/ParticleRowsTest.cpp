@@ -1,0 +1,222 @@
+#include <gtest/gtest.h>
+
+#include <set>
+
+#include "OvikL10n/L10n.h"
+#include "OvikModel/objects/AnnotationDefaults.h"
+#include "OvikModel/scene/DraftProperties.h"
+#include "OvikModel/scene/PropertyError.h"
+#include "OvikModel/scene/PropertyTable.h"
+
+namespace ovik {
+namespace {
+
+constexpr const char* boxID = "0B0B0B0B-0000-4000-8000-000000000001";
+constexpr const char* otherID = "0B0B0B0B-0000-4000-8000-000000000002";
+constexpr const char* sparksID = "0B0B0B0B-0000-4000-8000-000000000003";
+
+ObjectNode leaf(const std::string& name, const char* id, Annotation annotation) {
+    ObjectNode node;
+    node.id = ObjectID{*UUID::parse(id)};
+    node.name = name;
+    node.content = ObjectContent::makeAnnotation(std::move(annotation));
+    return node;
+}
+
+// "Sparks" takes its shape from "Box" and has some turbulence; "Plain" is a new recipe.
+Draft particlesDraft() {
+    const CGRect frame{{0, 0}, {80, 40}};
+    ParticlesAnnotation sparks = ParticlesAnnotation::standard(frame, std::nullopt, 9);
+    sparks.from = ParticleShapeSource{ObjectID{*UUID::parse(boxID)}};
+    sparks.turbulence = 5;
+    const AnnotationDefaults d = AnnotationDefaults::standard();
+    Draft draft;
+    draft.objects = CowList<ObjectNode>({
+        leaf("Box", boxID, d.rectangle(frame)),
+        leaf("Other", otherID, d.ellipse(frame)),
+        leaf("Sparks", sparksID, Annotation{{}, Annotation::particles{sparks}}),
+        leaf("Plain", "0B0B0B0B-0000-4000-8000-000000000004",
+             Annotation{{}, Annotation::particles{ParticlesAnnotation::standard(frame, std::nullopt, 1)}}),
+    });
+    return draft;
+}
+
+std::optional<JSONValue> get(const Draft& draft, const std::string& path) {
+    return propertyValue(draft, PropertyPath::parse(path, draft));
+}
+
+std::optional<std::string> set(Draft& draft, const std::string& path, const JSONValue& value) {
+    return setProperty(draft, value, PropertyPath::parse(path, draft));
+}
+
+// The draft as its objects' JSON reads it back.
+Draft reread(const Draft& draft) {
+    Draft out = draft;
+    std::vector<ObjectNode> nodes;
+    for (const ObjectNode& each : draft.objects.items()) nodes.push_back(decodeJSON<ObjectNode>(encodeJSON(each)));
+    out.objects = CowList<ObjectNode>(nodes);
+    return out;
+}
+
+const struct {
+    const char* row;
+    std::string value;
+} roundTrips[] = {
+    {"particleRate", "120"},
+    {"particleBurst", "[[0.5, 20], [1, 5]]"},
+    {"particleBurst", "[]"},
+    {"particleLife", "3"},
+    {"particleSpeed", "80"},
+    {"particleDirection", "-90"},
+    {"particleSpread", "45"},
+    {"particleGravity", "[0, 98]"},
+    {"particleSize", "6"},
+    {"particleTrail", "0.5"},
+    {"particleDepth", "300"},
+    {"particleBlend", "\"add\""},
+    {"particleLook", "\"flake\""},
+    {"particleSeed", "4294967295"},
+    {"particleMax", "500"},
+    {"particleMax", "\"none\""},
+    {"particleLifeRange", "[0.5, 4]"},
+    {"particleSpeedRange", "[10, 20]"},
+    {"particleSizeEnd", "0"},
+    {"particleSizeJitter", "0.3"},
+    {"particleColorPick", "\"each\""},
+    {"particleBrightness", "2"},
+    {"particleSoftness", "0.5"},
+    {"particleFadeIn", "0.1"},
+    {"particleFadeOut", "0.4"},
+    {"particlePrewarm", "true"},
+    {"particleSource", "[10, 20]"},
+    {"particleSource", "[0, 0, 100, 50]"},
+    {"particleSource", R"({"anchors": [{"point": [0, 0]}, {"point": [50, 10]}]})"},
+    {"particleInside", "true"},
+    {"particleLetterDelay", "0.25"},
+    {"particleSizeOverLife", "[[0, 4], [1, 0]]"},
+    {"particleOpacityOverLife", "[[0, 1], [0.5, 0.2]]"},
+    {"particleOpacityOverLife", "\"none\""},
+    {"particleColorOverLife", R"([[0, "#FF0000"], [1, "#0000FF"]])"},
+    {"particleTurbulence", "20"},
+    {"particleTurbulenceRate", "2"},
+    {"particleTurbulenceScale", "200"},
+    {"particleFlip", "-2"},
+    {"particleSpin", "90"},
+    {"particleDrag", "0.5"},
+    {"particleGlyphs", "\"\xE2\x98\x85+\""},
+    {"particleColors", R"(["#FF0000", "#00FF00"])"},
+    {"particleFrom", std::string("\"") + otherID + "\""},
+    {"particleFrom", "\"none\""},
+    {"particleTexture", std::string(R"({"object": ")") + otherID + "\"}"},
+    {"particleWind", "[5, -1]"},
+};
+
+TEST(ParticleRows, EveryRowRoundTripsThroughTheDraftAndItsJSON) {
+    for (const auto& c : roundTrips) {
+        Draft draft = particlesDraft();
+        const std::string path = std::string("Sparks.") + c.row;
+        const JSONValue value = JSONValue::parse(c.value);
+        set(draft, path, value);
+        const auto read = get(draft, path);
+        ASSERT_TRUE(read) << path;
+        EXPECT_TRUE(read->same(value)) << path << " reads " << read->compact();
+        EXPECT_FALSE(set(draft, path, value)) << path << " changed again";
+        EXPECT_TRUE(get(reread(draft), path)->same(value)) << path;
+    }
+}
+
+TEST(ParticleRows, EveryParticleRowIsReadAndWrittenOnParticlesOnly) {
+    std::set<std::string> tried;
+    for (const auto& c : roundTrips) tried.insert(c.row);
+    std::size_t rows = 0;
+    for (const PropertyKey key : PropertyTable::allKeys()) {
+        const PropertySpec& spec = key.spec();
+        if (spec.sdk.rfind("particle", 0) != 0) continue;
+        ++rows;
+        EXPECT_TRUE(tried.count(spec.sdk)) << spec.sdk << " has no round trip";
+        EXPECT_TRUE(get(particlesDraft(), "Plain." + spec.sdk)) << spec.sdk;
+        EXPECT_FALSE(get(particlesDraft(), "Box." + spec.sdk)) << spec.sdk;
+    }
+    EXPECT_EQ(rows, 41u);
+}
+
+TEST(ParticleRows, OneNumberStandsForAWholeRange) {
+    Draft draft = particlesDraft();
+    EXPECT_TRUE(get(draft, "Sparks.particleLife")->same(JSONValue(1.5)));
+    set(draft, "Sparks.particleLife", JSONValue(3));
+    EXPECT_TRUE(get(draft, "Sparks.particleLifeRange")->same(JSONValue::parse("[3, 3]")));
+    set(draft, "Sparks.particleSpeedRange", JSONValue::parse("[10, 30]"));
+    EXPECT_TRUE(get(draft, "Sparks.particleSpeed")->same(JSONValue(20)));
+}
+
+TEST(ParticleRows, ListsAreStoredInOrder) {
+    Draft draft = particlesDraft();
+    set(draft, "Sparks.particleSizeOverLife", JSONValue::parse("[[1, 0], [0, 4]]"));
+    EXPECT_TRUE(get(draft, "Sparks.particleSizeOverLife")->same(JSONValue::parse("[[0, 4], [1, 0]]")));
+    set(draft, "Sparks.particleBurst", JSONValue::parse("[[2, 1], [0.5, 3]]"));
+    EXPECT_TRUE(get(draft, "Sparks.particleBurst")->same(JSONValue::parse("[[0.5, 3], [2, 1]]")));
+    set(draft, "Sparks.particleColors", JSONValue("none"));
+    EXPECT_TRUE(get(draft, "Sparks.particleColors")->same(JSONValue::parse("[]")));
+}
+
+TEST(ParticleRows, RefusalsChangeNothing) {
+    const L10n::LanguageOverride english("en");
+    std::string manyBursts = "[";
+    for (int i = 0; i < 65; ++i) manyBursts += std::string(i ? "," : "") + "[1, 1]";
+    manyBursts += "]";
+    const struct {
+        const char* path;
+        std::string value;
+        const char* message;
+    } cases[] = {
+        {"Sparks.particleRate", "100001", "takes 0 to 100000"},
+        {"Sparks.particleLife", "0.01", "takes 0.05 to 60"},
+        {"Sparks.particleSpeed", "-1", "takes 0 to"},
+        {"Sparks.particleSpread", "400", "takes 0 to 360"},
+        {"Sparks.particleLifeRange", "[3, 1]", ""},
+        {"Sparks.particleLifeRange", "[1]", ""},
+        {"Sparks.particleLifeRange", "[0.01, 1]", "takes 0.05 to 60"},
+        {"Sparks.particleBurst", "[[1, 0]]", "takes 1 to 100000"},
+        {"Sparks.particleBurst", "5", "needs a list ([[at, count], …])"},
+        {"Sparks.particleBurst", manyBursts, "needs a list ([[at, count], …])"},
+        {"Sparks.particleColors", R"(["#000000","#000000","#000000","#000000","#000000"])", ""},
+        {"Sparks.particleColors", R"(["red"])", "#RRGGBB"},
+        {"Sparks.particleSizeOverLife", "[[0,1],[0,1],[0,1],[0,1],[0,1],[0,1],[0,1],[0,1],[0,1]]", ""},
+        {"Sparks.particleSizeOverLife", "[[1.5, 1]]", ""},
+        {"Sparks.particleSizeOverLife", "[[0, 2000]]", ""},
+        {"Sparks.particleOpacityOverLife", "[[0, 2]]", ""},
+        {"Sparks.particleColorOverLife", "[[0, 1]]", "#RRGGBB"},
+        {"Sparks.particleGlyphs", "\"   \"", ""},
+        {"Sparks.particleFrom", std::string("\"") + sparksID + "\"", ""},
+        {"Sparks.particleFrom", "\"Box\"", ""},
+        {"Plain.particleInside", "true", ""},
+        {"Plain.particleLetterDelay", "1", ""},
+        {"Sparks.particleLetterDelay", "61", "takes 0 to 60"},
+        {"Sparks.particleTexture", "[1]", ""},
+        {"Sparks.particleTexture", R"({"bogus": 1})", ""},
+        {"Sparks.particleSource", "\"none\"", "[x, y], two finite numbers"},
+        {"Sparks.particleSource", "[0, 0, 0, 10]", "width and height above 0"},
+        {"Sparks.particleWind", "[1]", "[x, y]"},
+        {"Sparks.particleSeed", "-1", "takes 0 to 4294967295"},
+        {"Sparks.particleMax", "0", "takes 1 to 100000"},
+        {"Sparks.particleBlend", "\"screen\"", "takes one of normal, add, lighten"},
+        {"Sparks.particleDepth", "20001", "takes 0 to 20000"},
+        {"Sparks.particleFlip", "21", "takes -20 to 20"},
+        {"Box.particleRate", "10", "it is only for Particles"},
+    };
+    for (const auto& c : cases) {
+        Draft draft = particlesDraft();
+        const std::string before = encodeJSON(draft).compact();
+        try {
+            set(draft, c.path, JSONValue::parse(c.value));
+            ADD_FAILURE() << c.path << " took " << c.value;
+        } catch (const PropertyError& error) {
+            EXPECT_EQ(error.kind(), PropertyError::Kind::invalid) << c.path;
+            EXPECT_NE(std::string(error.what()).find(c.message), std::string::npos) << c.path << ": " << error.what();
+        }
+        EXPECT_EQ(encodeJSON(draft).compact(), before) << c.path << " " << c.value;
+    }
+}
+
+} // namespace
+} // namespace ovik
