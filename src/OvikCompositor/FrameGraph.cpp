@@ -76,6 +76,21 @@ CGRect shownPart(const PreparedDraft& prepared, const Image& picture) {
                   {s.width() * fx, s.height() * fy}};
 }
 
+// The shown part of a picture scaled onto the card. A part that covers the card with less than
+// a pixel to spare (a frame read at the size it is drawn) is moved onto it by whole pixels
+// instead, its spare edge cut: resampling by less than a pixel would cost a filter pass over
+// the card and only soften the picture.
+Image placed(const Image& picture, const CGRect& part, const CGRect& card) {
+    const double dx = card.minX() - part.minX(), dy = card.minY() - part.minY();
+    const auto covers = [](double part, double card) { return part >= card && part - card < 1; };
+    if (covers(part.width(), card.width()) && covers(part.height(), card.height()) && dx == std::round(dx) &&
+        dy == std::round(dy))
+        return moved(picture.cropped(part), dx, dy).cropped(card);
+    const double sx = card.width() / part.width(), sy = card.height() / part.height();
+    const CGAffineTransform place{sx, 0, 0, sy, card.minX() - part.minX() * sx, card.minY() - part.minY() * sy};
+    return picture.cropped(part).transformed(place, ImageSampler::lanczos).cropped(card);
+}
+
 // Where a media's card lands in the output, y up, on whole pixels.
 CGRect cardRect(const PreparedDraft& prepared, MediaID media, double scale, PixelSize size) {
     const CanvasLayout& layout = prepared.layout;
@@ -108,13 +123,12 @@ std::vector<RoundedOutline> outlines(const PreparedDraft& prepared, const CGRect
 } // namespace
 
 FrameGraph::FrameGraph(Wallpaper wallpaper, std::int64_t budget)
-    : wallpaper_(std::move(wallpaper)), backgrounds_(budget / 2), shadows_(budget / 4), cornerMasks_(budget / 4),
-      frames_(budget / 8) {}
+    : wallpaper_(std::move(wallpaper)), backgrounds_(budget / 2), shadows_(budget / 4), frames_(budget / 8) {}
 
 RenderContext& FrameGraph::context() { return RenderContext::shared(); }
 
 std::int64_t FrameGraph::bakes() const {
-    return backgrounds_.bakes() + shadows_.bakes() + cornerMasks_.bakes() + frames_.bakes();
+    return backgrounds_.bakes() + shadows_.bakes() + frames_.bakes();
 }
 
 Image FrameGraph::render(const PreparedDraft& prepared, const FrameMoment& moment, double canvasScale,
@@ -206,11 +220,7 @@ Image FrameGraph::side(const PreparedDraft& prepared, const Side& shown, double 
     Image picture = over;
     if (const auto spec = ShadowSpec::make(prepared.draft.style.shadow, layout.sourceScale * scale))
         picture = shadowed(outlines(prepared, card, radius), *spec, size, picture);
-    const CGRect part = shownPart(prepared, *source);
-    const CGAffineTransform place{card.width() / part.width(),  0, 0, card.height() / part.height(),
-                                  card.minX() - part.minX() * card.width() / part.width(),
-                                  card.minY() - part.minY() * card.height() / part.height()};
-    Image content = source->cropped(part).transformed(place, ImageSampler::lanczos).cropped(card);
+    Image content = placed(*source, shownPart(prepared, *source), card);
     if (radius > 0) content = cornered(content, card, radius, layout.deviceFrame == DeviceFrame::browser);
     const DeviceGeometry device{layout.deviceFrame, card.width(), card.height(), layout.sourceScale * scale, radius};
     if (DeviceFrameDrawing::isDrawable(device)) content = framed(content, device, card);
@@ -228,14 +238,19 @@ Image FrameGraph::shadowed(const std::vector<RoundedOutline>& pieces, const Shad
         std::get<0>(key).emplace_back(piece.rect.minX(), piece.rect.minY(), piece.rect.width(), piece.rect.height(),
                                       piece.radius);
     const auto mask = shadows_.value(key, [&]() -> std::optional<BakedImageCache<ShadowKey>::Baked> {
+        // A wide blur is smooth: it is baked at a fraction of the output's resolution, so
+        // that a sigma still spans at least `finest` baked pixels, and stretched back up.
+        constexpr double finest = 4;
+        const double k = std::exp2(std::max(0.0, std::floor(std::log2(spec.sigma / finest))));
+        const CGAffineTransform down = CGAffineTransform::scale(1 / k, 1 / k);
         Image sum;
         CGRect reach = ImageExtent::null();
         for (const RoundedOutline& piece : pieces) {
             const CGRect rect{{piece.rect.minX(), piece.rect.minY() - spec.offset}, piece.rect.size};
             const Image blurred = ImageRegistry::shared().applyFilter(
-                "blurredRoundedRectangleGenerator", {{"inputExtent", rect},
-                                                     {"inputRadius", piece.radius},
-                                                     {"inputSigma", spec.sigma},
+                "blurredRoundedRectangleGenerator", {{"inputExtent", ImageExtent::transformed(rect, down)},
+                                                     {"inputRadius", piece.radius / k},
+                                                     {"inputSigma", spec.sigma / k},
                                                      {"inputColor", ImageColor{1, 1, 1, spec.opacity}}});
             sum = sum.isEmpty() ? blurred
                                 : blurred.applyingFilter("CIAdditionCompositing", {{"inputBackgroundImage", sum}});
@@ -244,7 +259,12 @@ Image FrameGraph::shadowed(const std::vector<RoundedOutline>& pieces, const Shad
         const CGRect whole = ImageExtent::fromEdges(std::floor(reach.minX()), std::floor(reach.minY()),
                                                     std::ceil(reach.maxX()), std::ceil(reach.maxY()));
         if (ImageExtent::isNull(whole)) return std::nullopt;
-        return rekeyed<ShadowKey>(baked(sum, whole));
+        const CGRect small = ImageExtent::transformed(whole, down);
+        const CGRect bakedRect = ImageExtent::fromEdges(std::floor(small.minX()), std::floor(small.minY()),
+                                                        std::ceil(small.maxX()), std::ceil(small.maxY()));
+        auto made = rekeyed<ShadowKey>(baked(sum, bakedRect));
+        made.image = made.image.transformed(CGAffineTransform::scale(k, k), ImageSampler::linear).cropped(whole);
+        return made;
     });
     if (!mask) return over;
     const CGRect shown = ImageExtent::intersection(mask->extent(), ImageExtent::grown(sizeRect(size), 2, 2));
@@ -284,20 +304,17 @@ Image FrameGraph::framed(const Image& content, const DeviceGeometry& device, con
     return island ? moved(*island, card.minX(), card.minY()).composited(out) : out;
 }
 
-// The content inside the card's round corners; the mask is baked once per size and radius.
-// Under a browser's bar the top corners stay square.
+// The content inside the card's round corners. Under a browser's bar the top corners stay
+// square. The mask is worked out per pixel where it is read rather than baked: its coverage
+// is a few operations a pixel, cheaper than reading back working pixels of the whole card.
 Image FrameGraph::cornered(const Image& content, const CGRect& card, double radius, bool squareTop) {
-    const std::int64_t w = std::llround(std::ceil(card.width())), h = std::llround(std::ceil(card.height()));
-    const MaskKey key{w, h, radius, squareTop};
-    const auto mask = cornerMasks_.value(key, [&]() -> std::optional<BakedImageCache<MaskKey>::Baked> {
-        const CGRect rect{{0, 0}, {card.width(), card.height() + (squareTop ? radius + 1 : 0)}};
-        const Image shape = ImageRegistry::shared().applyFilter(
-            "roundedRectangleGenerator",
-            {{"inputExtent", rect}, {"inputRadius", radius}, {"inputColor", ImageColor::white()}});
-        return rekeyed<MaskKey>(baked(shape, CGRect{{0, 0}, {double(w), double(h)}}));
-    });
-    if (!mask) return content;
-    return masked(content, Image(), moved(*mask, card.minX(), card.minY()));
+    const CGRect rect{{card.minX(), card.minY()}, {card.width(), card.height() + (squareTop ? radius + 1 : 0)}};
+    const Image mask = ImageRegistry::shared()
+                           .applyFilter("roundedRectangleGenerator", {{"inputExtent", rect},
+                                                                     {"inputRadius", radius},
+                                                                     {"inputColor", ImageColor::white()}})
+                           .cropped(card);
+    return masked(content, Image(), mask);
 }
 
 } // namespace ovik

@@ -1,7 +1,7 @@
 #pragma once
 // Turns a prepared draft and a moment into one finished picture, layer by layer from the back,
-// and keeps the caches that make repeated frames cheap: baked backgrounds, shadows and corner
-// masks. A picture stays a lazy recipe; only the baking of a cache entry renders.
+// and keeps the caches that make repeated frames cheap: baked backgrounds, shadows and device
+// pieces. A picture stays a lazy recipe; only the baking of a cache entry renders.
 //
 // Pictures are in output pixels, y up, with the output's corner at the origin. Used from many
 // threads at once: each cache has its own lock, never held while a picture is made.
@@ -31,8 +31,7 @@ public:
     /// gradient.
     using Wallpaper = std::function<std::optional<ImageBox>()>;
 
-    /// Backgrounds take half the budget, shadows and corner masks a quarter each, device
-    /// pieces an eighth.
+    /// Backgrounds take half the budget, shadows a quarter, device pieces an eighth.
     FrameGraph(Wallpaper wallpaper, std::int64_t cacheBudgetBytes);
 
     /// The picture of `moment` at `canvasScale` (0 or below counts as 1), in an output of
@@ -49,7 +48,6 @@ private:
     // Keys hold content, never identity, so a new prepared draft finds what an old one baked.
     using BackgroundKey = std::tuple<std::string, std::int64_t, std::int64_t, double>;
     using ShadowKey = std::tuple<std::vector<std::tuple<double, double, double, double, double>>, ShadowSpec>;
-    using MaskKey = std::tuple<std::int64_t, std::int64_t, double, bool>;
     /// The device (kind, width, height, pixels per point, window radius) and the piece; -1 is
     /// the phone's island.
     using FrameKey = std::tuple<int, double, double, double, double, int>;
@@ -67,7 +65,6 @@ private:
     Wallpaper wallpaper_;
     BakedImageCache<BackgroundKey> backgrounds_;
     BakedImageCache<ShadowKey> shadows_;
-    BakedImageCache<MaskKey> cornerMasks_;
     BakedImageCache<FrameKey> frames_;
 };
 

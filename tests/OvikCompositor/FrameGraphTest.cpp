@@ -1,11 +1,15 @@
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <filesystem>
 #include <fstream>
 
 #include "OvikCompositor/LiveRendering.h"
 #include "OvikCompositor/RenderError.h"
 #include "OvikPlatform/codecs/PNGCodec.h"
+#include "OvikPlatform/image/CGImage.h"
+#include "OvikPlatform/image/RenderContext.h"
+#include "OvikPlatform/image/SRGBTransfer.h"
 #include "OvikPlatform/media/FFmpegTool.h"
 #include "OvikPlatform/media/PictureDifference.h"
 
@@ -118,6 +122,31 @@ TEST(FrameGraph, AShadowDarkensBelowTheCardAndStopsGrowingAt100) {
     EXPECT_GT(pixelAt(withShadow(20), 90, 95)[2], pixelAt(strong, 90, 95)[2]);
 }
 
+// The shadow of a square-cornered card is a box blurred by a Gaussian: the product of two
+// differences of the normal distribution, darkening the background by its opacity.
+TEST(FrameGraph, AShadowFollowsTheBlurredBoxOfTheCard) {
+    const Package package("shadow-box");
+    Draft draft = canvasDraft(RGBA{1, 0, 0, 1});
+    draft.style.background = Background::makeSolid(RGBA{0, 0, 1, 1});
+    draft.style.padding = 40;
+    draft.style.shadow = 100;
+    const CGImage image = still(draft, package.root);
+    ASSERT_EQ(image.height(), 130);
+    // Strength 100 at one pixel a point: sigma 24, 12 pixels down, opacity 0.65.
+    const double sigma = 24, opacity = 0.65;
+    const auto phi = [&](double t) { return 0.5 * std::erfc(-t / (sigma * std::sqrt(2.0))); };
+    const auto expectedBlue = [&](double x, double y) { // pixel centre, y up
+        const double a = opacity * (phi(x - 40) - phi(x - 140)) * (phi(y - 28) - phi(y - 78));
+        return 255 * SRGBTransfer::toEncoded(1 - a);
+    };
+    const struct {
+        std::int64_t x, yUp;
+    } points[] = {{90, 20}, {90, 35}, {30, 60}, {150, 30}, {145, 10}, {10, 120}};
+    for (const auto& p : points)
+        EXPECT_NEAR(pixelAt(image, p.x, 129 - p.yUp)[2], expectedBlue(p.x + 0.5, p.yUp + 0.5), 2)
+            << p.x << ", " << p.yUp;
+}
+
 TEST(FrameGraph, ABrowserWindowFramesTheCard) {
     const Package package("browser");
     Draft draft = canvasDraft(RGBA{1, 0, 0, 1});
@@ -225,6 +254,32 @@ TEST(FrameGraph, ARecordingShowsTheFrameOfTheMoment) {
         ASSERT_EQ(image.width(), 64);
         EXPECT_LE(testing::channelError(pixelAt(image, 32, 24), c.expected), 8) << (c.at ? *c.at : -1);
     }
+}
+
+// A frame read at the size it is drawn, a fraction of a pixel larger than its card, keeps its
+// columns: it is moved into place, not resampled.
+TEST(FrameGraph, AFrameReadAtItsCardSizeIsNotResampled) {
+    const Package package("placed");
+    const Draft draft = recordingDraft(package);
+    LiveRendering rendering;
+    const PreparedDraft prepared = rendering.prepare(DraftDocument{draft, package.root});
+    const double scale = 0.7; // the 64 × 48 capture becomes a card of 44.8 × 33.6
+    const PixelSize size = prepared.layout.pixelSize(scale, false);
+    std::vector<std::uint8_t> bytes(std::size_t(45 * 34 * 4), 255);
+    for (std::size_t at = 0; at < bytes.size(); at += 8) bytes[at] = bytes[at + 1] = bytes[at + 2] = 0;
+    const CGImage stripes(45, 34, 45 * 4, std::move(bytes));
+    FrameMoment moment;
+    const SectionID section = draft.sections[0].id;
+    moment.sections = std::vector<SectionID>{section};
+    moment.frames.emplace(section, Image::fromCGImage(std::make_shared<const CGImage>(stripes)));
+    const CGImage image = FrameGraph::context().createCGImage(
+        rendering.graph().render(prepared, moment, scale, size),
+        CGRect{{0, 0}, {double(size.width), double(size.height)}});
+    int worst = 0;
+    for (std::int64_t y = 1; y < 33; ++y)
+        for (std::int64_t x = 0; x < 44; ++x)
+            worst = std::max(worst, testing::channelError(pixelAt(image, x, y), pixelAt(stripes, x, y)));
+    EXPECT_LE(worst, 1);
 }
 
 TEST(FrameGraph, ABrokenMovieIsUnreadableNotAHang) {

@@ -37,19 +37,22 @@ Bitmap<Sample> blank(const PixelRect& pixels) {
     return {pixels.width, pixels.height, std::vector<Sample>(std::size_t(4 * pixels.pixelCount()))};
 }
 
-// Bitmaps keep their top row first.
+// Bitmaps keep their top row first. `encode` writes a row of pixels.
 template <class Sample, class Encode>
 void write(Bitmap<Sample>& bitmap, const PixelRect& whole, const PixelTile& tile, Encode encode) {
     const PixelRect& rect = tile.rect();
-    for (std::int64_t y = rect.y; y < rect.maxY(); ++y) {
-        Sample* out = bitmap.pixels.data() + 4 * ((whole.maxY() - 1 - y) * whole.width + (rect.x - whole.x));
-        const Pixel* row = tile.row(y);
-        for (std::int64_t x = 0; x < rect.width; ++x) encode(row[x], out + 4 * x);
-    }
+    for (std::int64_t y = rect.y; y < rect.maxY(); ++y)
+        encode(tile.row(y), rect.width,
+               bitmap.pixels.data() + 4 * ((whole.maxY() - 1 - y) * whole.width + (rect.x - whole.x)));
 }
 
-void copyWorking(const Pixel& pixel, float* out) {
-    out[0] = pixel.r, out[1] = pixel.g, out[2] = pixel.b, out[3] = pixel.a;
+void encodeRow16(const Pixel* pixels, std::int64_t count, std::uint16_t* out) {
+    for (std::int64_t x = 0; x < count; ++x) SRGBTransfer::encode16(pixels[x], out + 4 * x);
+}
+
+void copyWorking(const Pixel* pixels, std::int64_t count, float* out) {
+    for (std::int64_t x = 0; x < count; ++x, out += 4)
+        out[0] = pixels[x].r, out[1] = pixels[x].g, out[2] = pixels[x].b, out[3] = pixels[x].a;
 }
 
 } // namespace
@@ -73,14 +76,14 @@ void RenderContext::render(const Image& image, const PixelRect& pixels,
 CGImage RenderContext::createCGImage(const Image& image, const CGRect& rect) const {
     const PixelRect pixels = checkedPixels(rect);
     Bitmap<std::uint8_t> bitmap = blank<std::uint8_t>(pixels);
-    render(image, pixels, [&](const PixelTile& tile) { write(bitmap, pixels, tile, SRGBTransfer::encode8); });
+    render(image, pixels, [&](const PixelTile& tile) { write(bitmap, pixels, tile, SRGBTransfer::encodeRow8); });
     return CGImage(pixels.width, pixels.height, 4 * pixels.width, std::move(bitmap.pixels));
 }
 
 Bitmap16 RenderContext::render16(const Image& image, const CGRect& rect) const {
     const PixelRect pixels = checkedPixels(rect);
     Bitmap16 bitmap = blank<std::uint16_t>(pixels);
-    render(image, pixels, [&](const PixelTile& tile) { write(bitmap, pixels, tile, SRGBTransfer::encode16); });
+    render(image, pixels, [&](const PixelTile& tile) { write(bitmap, pixels, tile, encodeRow16); });
     return bitmap;
 }
 

@@ -116,12 +116,20 @@ std::uint8_t SRGBTransfer::encodeOpaque8(float linear) {
 }
 
 void SRGBTransfer::encode8(const Pixel& p, std::uint8_t* rgba) {
+    // Opaque pixels, nearly all of a frame, take the table rather than the curve.
+    if (p.a == 1) {
+        rgba[0] = encodeOpaque8(p.r), rgba[1] = encodeOpaque8(p.g), rgba[2] = encodeOpaque8(p.b), rgba[3] = 255;
+        return;
+    }
     const auto alpha = alphaCode<std::uint8_t>(p.a, 255);
     const float components[] = {p.r, p.g, p.b};
-    // Opaque pixels, nearly all of a frame, take the table rather than the curve.
     for (int i = 0; i < 3; ++i)
         rgba[i] = alpha == 255 ? encodeOpaque8(components[i] / p.a) : colorCode(components[i], p.a, alpha);
     rgba[3] = alpha;
+}
+
+void SRGBTransfer::encodeRow8(const Pixel* pixels, std::int64_t count, std::uint8_t* rgba) {
+    for (std::int64_t x = 0; x < count; ++x) encode8(pixels[x], rgba + 4 * x);
 }
 
 void SRGBTransfer::encode16(const Pixel& p, std::uint16_t* rgba) {

@@ -19,6 +19,8 @@ public:
     static Pixel decode8(std::uint8_t r, std::uint8_t g, std::uint8_t b, std::uint8_t a);
     /// The stored 8-bit pixel; straight components are held within 0...1.
     static void encode8(const Pixel& pixel, std::uint8_t* rgba);
+    /// `count` pixels in a row, with the tables looked up once.
+    static void encodeRow8(const Pixel* pixels, std::int64_t count, std::uint8_t* rgba);
     static void encode16(const Pixel& pixel, std::uint16_t* rgba);
     /// The 8-bit code of an opaque linear component: round(255 × toEncoded(x)) for x in 0...1.
     static std::uint8_t encodeOpaque8(float linear);
