@@ -4,6 +4,7 @@
 #include <fstream>
 #include <iterator>
 
+#include "OvikDrafts/FileDraftStore.h"
 #include "RunCommand.h"
 
 namespace ovik::testing {
@@ -71,6 +72,36 @@ TEST(PropertyCommands, RefusedValuesLeaveTheFileUntouched) {
         EXPECT_NE(result.err.find(c.err), std::string::npos) << result.err;
         EXPECT_EQ(draftBytes(package), before) << c.arguments[2];
     }
+}
+
+TEST(PropertyCommands, SpaceFieldsOfASection) {
+    const std::string package = copiedAnimation("space.ovikwork");
+    Draft draft = FileDraftStore::readDraft(package);
+    std::vector<Section> sections = draft.sections.items();
+    sections[0].space = JSONValue::parse(
+        R"({"fov": 40, "objects": [{"material": {"type": "MeshStandardMaterial"}, "type": "Mesh"}]})");
+    draft.sections = CowList<Section>(std::move(sections));
+    FileDraftStore::writeDraft(draft, package);
+    const std::string space = draft.sections[0].id.description() + ".space.";
+
+    const CommandResult fog = runOvik({"set", package, space + "fog.near", "25"}, {"OVIK_LANGUAGE=en"});
+    ASSERT_EQ(fog.status, 0) << fog.err;
+    EXPECT_EQ(fog.out, "Change Fog start\n");
+    EXPECT_EQ(runOvik({"get", package, space + "fog.near"}).out, "25\n");
+    EXPECT_EQ(runOvik({"set", package, space + "objects.0.material.roughness", "0.3"}).status, 0);
+    EXPECT_EQ(runOvik({"get", package, space + "objects.0.material.roughness"}).out, "0.3\n");
+    EXPECT_EQ(runOvik({"get", package, space + "objects.0.material.metalness"}).out, "0\n");
+    EXPECT_EQ(FileDraftStore::readDraft(package).sections[0].space->compact(),
+              R"({"fog":{"near":25},"fov":40,"objects":[{"material":{"roughness":0.3,"type":"MeshStandardMaterial"},"type":"Mesh"}]})");
+
+    const std::string before = draftBytes(package);
+    const CommandResult wide = runOvik({"set", package, space + "fov", "200"}, {"OVIK_LANGUAGE=en"});
+    EXPECT_EQ(wide.status, 1);
+    EXPECT_NE(wide.err.find("takes 1 to 179, but got 200"), std::string::npos) << wide.err;
+    const CommandResult bare = runOvik({"set", package, space + "material.roughness", "0.3"}, {"OVIK_LANGUAGE=en"});
+    EXPECT_EQ(bare.status, 1);
+    EXPECT_NE(bare.err.find("give a node such as objects.0"), std::string::npos) << bare.err;
+    EXPECT_EQ(draftBytes(package), before);
 }
 
 TEST(PropertyCommands, StateEvaluatesTheObjectAtAMoment) {

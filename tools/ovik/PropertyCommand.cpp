@@ -53,11 +53,11 @@ void addPropertyCommands(CLI::App& app) {
     auto options = std::make_shared<PropertyOptions>();
     CLI::App* getter = app.add_subcommand("get", "Print one property of a draft");
     getter->add_option("PACKAGE", options->package, "An .ovikwork package folder")->required();
-    getter->add_option("PATH", options->path, "OBJECT.property, or a draft property such as style.padding")->required();
+    getter->add_option("PATH", options->path, "OBJECT.property, SECTION.space.fog.near, SECTION.space.objects.0.material.roughness, or a draft property such as style.padding")->required();
     getter->callback([options] { get(*options); });
     CLI::App* setter = app.add_subcommand("set", "Write one property of a draft into its draft.json");
     setter->add_option("PACKAGE", options->package, "An .ovikwork package folder")->required();
-    setter->add_option("PATH", options->path, "OBJECT.property, or a draft property such as style.padding")->required();
+    setter->add_option("PATH", options->path, "OBJECT.property, SECTION.space.fog.near, SECTION.space.objects.0.material.roughness, or a draft property such as style.padding")->required();
     setter->add_option("VALUE", options->value, "The new value: a number, true/false, a word, #RRGGBB")->required();
     setter->callback([options] { set(*options); });
 }

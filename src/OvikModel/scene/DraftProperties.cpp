@@ -7,6 +7,8 @@
 #include "OvikModel/scene/AnnotationAccess.h"
 #include "OvikModel/scene/EffectAccess.h"
 #include "OvikModel/scene/PropertyError.h"
+#include "OvikModel/scene/PropertyTargets.h"
+#include "OvikModel/scene/SpaceAccess.h"
 #include "OvikModel/scene/PropertyValue.h"
 
 namespace ovik {
@@ -71,14 +73,6 @@ std::optional<std::string> setOnObject(Draft& draft, const JSONValue& value, Obj
     return undoName(spec);
 }
 
-std::size_t mediaIndex(const Draft& draft, MediaID id) {
-    const auto& media = draft.media.items();
-    const auto found = std::find_if(media.begin(), media.end(), [&](const Media& each) { return each.id == id; });
-    if (found == media.end())
-        throw PropertyError(PropertyError::Kind::notFound, L10n::format("model.property.media.notFound", {id.description()}));
-    return std::size_t(found - media.begin());
-}
-
 std::optional<std::string> setOnMedia(Draft& draft, const JSONValue& value, MediaID id, const PropertySpec& spec) {
     if (!spec.mediaAccess) refuse("model.property.path.notMediaProperty", {spec.name});
     const std::size_t index = mediaIndex(draft, id);
@@ -116,6 +110,7 @@ std::optional<JSONValue> propertyValue(const Draft& draft, const PropertyPath& p
         const std::size_t index = mediaIndex(draft, media->id);
         return spec.mediaAccess ? spec.mediaAccess->read(draft.media[index]) : std::nullopt;
     }
+    if (path.target.is<T::space>() || path.target.is<T::spaceNode>()) return spaceValue(draft, path);
     if (path.target.is<T::draft>() && spec.sectionAccess) return spec.sectionAccess->read(draft);
     return std::nullopt;
 }
@@ -127,6 +122,7 @@ std::optional<std::string> setProperty(Draft& draft, const JSONValue& value, con
     using T = PropertyPath::Target;
     if (const auto* object = std::get_if<T::object>(&path.target.cases)) return setOnObject(draft, value, object->id, spec);
     if (const auto* media = std::get_if<T::media>(&path.target.cases)) return setOnMedia(draft, value, media->id, spec);
+    if (path.target.is<T::space>() || path.target.is<T::spaceNode>()) return setSpace(draft, value, path);
     if (path.target.is<T::section>()) refuse("model.property.path.notLookProperty", {spec.name});
     return setOnDraft(draft, value, spec);
 }

@@ -5,6 +5,7 @@
 #include "OvikL10n/L10n.h"
 #include "OvikModel/objects/ObjectWalks.h"
 #include "OvikModel/scene/PropertyError.h"
+#include "OvikModel/scene/PropertyTargets.h"
 #include "OvikModel/scene/PropertyValue.h"
 
 namespace ovik {
@@ -14,21 +15,6 @@ using Target = PropertyPath::Target;
 
 [[noreturn]] void fail(PropertyError::Kind kind, const char* key, std::vector<L10nArgument> arguments) {
     throw PropertyError(kind, L10n::format(key, arguments));
-}
-
-template <class List, class ID>
-std::size_t indexOf(const List& list, ID id, const char* notFoundKey) {
-    const auto found = std::find_if(list.begin(), list.end(), [&](const auto& each) { return each.id == id; });
-    if (found == list.end()) fail(PropertyError::Kind::notFound, notFoundKey, {id.description()});
-    return std::size_t(found - list.begin());
-}
-
-std::size_t mediaIndex(const Draft& draft, MediaID id) {
-    return indexOf(draft.media, id, "model.property.media.notFound");
-}
-
-std::size_t sectionIndex(const Draft& draft, SectionID id) {
-    return indexOf(draft.sections, id, "model.property.section.notFound");
 }
 
 EffectPlace placeOf(const Target& target) {

@@ -6,6 +6,8 @@
 #include "OvikModel/Draft.h"
 #include "OvikModel/objects/ObjectWalks.h"
 #include "OvikModel/scene/PropertyError.h"
+#include "OvikModel/scene/PropertyTable.h"
+#include "OvikModel/space/SpaceNodePath.h"
 
 namespace ovik {
 namespace {
@@ -53,6 +55,32 @@ std::optional<ID> idIn(const List& list, std::string_view text) {
     return std::nullopt;
 }
 
+// A space row's text after the space or node: the field's place in the space's JSON, or the
+// row's script name for a value the renderer works out.
+std::string spaceText(const PropertySpec& spec) {
+    return spec.space && !spec.space->key.empty() ? spec.space->place() : spec.sdk;
+}
+
+std::optional<PropertyKey> spaceKey(std::string_view text) {
+    const std::string dotted = "space." + std::string(text);
+    for (const PropertyKey key : PropertyTable::spaceKeys())
+        if (text == spaceText(key.spec()) || key.spec().name == dotted) return key;
+    return std::nullopt;
+}
+
+// A field of the whole space, or a node's path and a field of it. Whether the field belongs to
+// a node is left to reading and writing, which say so.
+PropertyPath spaceMember(SectionID section, std::string_view text) {
+    using T = PropertyPath::Target;
+    if (const auto key = spaceKey(text)) return PropertyPath{T{{}, T::space{section}}, *key, std::nullopt, std::nullopt};
+    if (const auto node = SpaceNodePath::leading(text); node && node->second < text.size())
+        if (const auto key = spaceKey(text.substr(node->second + 1)))
+            return PropertyPath{T{{}, T::spaceNode{section, std::string(text.substr(0, node->second))}}, *key,
+                                std::nullopt, std::nullopt};
+    throw PropertyError(PropertyError::Kind::invalid,
+                        L10n::format("model.property.spacePath.unknownProperty", {std::string(text)}));
+}
+
 } // namespace
 
 PropertyPath PropertyPath::parse(std::string_view text, const Draft& draft) {
@@ -65,6 +93,7 @@ PropertyPath PropertyPath::parse(std::string_view text, const Draft& draft) {
     if (const auto media = idIn<MediaID>(draft.media, head))
         return member(T{{}, T::media{*media}}, rest, "model.property.path.notMediaProperty");
     if (const auto section = idIn<SectionID>(draft.sections, head)) {
+        if (rest.starts_with("space.")) return spaceMember(*section, rest.substr(6));
         if (rest.rfind("look.", 0) != 0)
             throw PropertyError(PropertyError::Kind::invalid,
                                 L10n::format("model.property.path.notLookProperty", {std::string(rest)}));
@@ -88,6 +117,10 @@ std::string PropertyPath::description() const {
     if (const auto* o = std::get_if<Target::object>(&target.cases)) return o->id.description() + "." + base;
     if (const auto* m = std::get_if<Target::media>(&target.cases)) return m->id.description() + "." + base;
     if (const auto* s = std::get_if<Target::section>(&target.cases)) return s->id.description() + ".look." + base;
+    if (const auto* s = std::get_if<Target::space>(&target.cases))
+        return s->id.description() + ".space." + spaceText(key.spec());
+    if (const auto* s = std::get_if<Target::spaceNode>(&target.cases))
+        return s->id.description() + ".space." + s->node + "." + spaceText(key.spec());
     return effect ? "look." + base : key.name();
 }
 

@@ -74,4 +74,10 @@ PropertyRow& PropertyRow::access(std::shared_ptr<const MediaAccess> access) {
     return *this;
 }
 
+PropertyRow& PropertyRow::space(SpaceField field) {
+    if (field.choices) choices(*field.choices);
+    spec_.space = std::move(field);
+    return *this;
+}
+
 } // namespace ovik

@@ -25,6 +25,8 @@ public:
     PropertyRow& access(std::shared_ptr<const ObjectAccess> access);
     PropertyRow& access(std::shared_ptr<const SectionAccess> access);
     PropertyRow& access(std::shared_ptr<const MediaAccess> access);
+    /// A space row: where it lives, and its choice words when it has some.
+    PropertyRow& space(SpaceField field);
 
     operator PropertySpec() const { return spec_; }
 

@@ -11,6 +11,7 @@
 
 #include "OvikModel/scene/PropertyAccess.h"
 #include "OvikModel/scene/PropertyMotion.h"
+#include "OvikModel/space/SpaceField.h"
 #include "OvikPlatform/Enumeration.h"
 
 namespace ovik {
@@ -97,9 +98,14 @@ struct PropertySpec {
     std::shared_ptr<const ObjectAccess> objectAccess;
     std::shared_ptr<const SectionAccess> sectionAccess;
     std::shared_ptr<const MediaAccess> mediaAccess;
+    /// Where a space row lives in a section's space; read and written there.
+    std::optional<SpaceField> space;
 
     bool isAnimatable() const { return motion.has_value(); }
-    bool writes() const { return objectAccess || sectionAccess || mediaAccess; }
+    /// A space row writes when something stores it and its form is one a write can check.
+    bool writes() const {
+        return objectAccess || sectionAccess || mediaAccess || (space && !space->key.empty() && form);
+    }
     bool standsOn(PropertyTargetKind kind) const;
     /// The title and help in the language in force.
     std::string title() const;

@@ -68,6 +68,15 @@ std::vector<PropertySlot> slotsOf(const std::vector<PropertySpec>& specs) {
     return out;
 }
 
+// The keys of the rows that pass `test`, in table order.
+template <class Test>
+std::vector<PropertyKey> keysWhere(Test test) {
+    std::vector<PropertyKey> out;
+    for (const PropertyKey key : PropertyTable::allKeys())
+        if (test(key.spec())) out.push_back(key);
+    return out;
+}
+
 bool configures(PropertyDomain domain) { return domain != PropertyDomain::motion && domain != PropertyDomain::become; }
 
 } // namespace
@@ -92,19 +101,17 @@ const std::vector<PropertyKey>& PropertyTable::allKeys() {
 }
 
 std::vector<PropertyKey> PropertyTable::keys(PropertyGroup group) {
-    std::vector<PropertyKey> out;
-    for (const PropertyKey key : allKeys())
-        if (key.spec().group == group) out.push_back(key);
-    return out;
+    return keysWhere([group](const PropertySpec& spec) { return spec.group == group; });
 }
 
 const std::vector<PropertyKey>& PropertyTable::animatable() {
-    static const std::vector<PropertyKey> keys = [] {
-        std::vector<PropertyKey> out;
-        for (const PropertyKey key : allKeys())
-            if (key.spec().isAnimatable()) out.push_back(key);
-        return out;
-    }();
+    static const std::vector<PropertyKey> keys = keysWhere([](const PropertySpec& spec) { return spec.isAnimatable(); });
+    return keys;
+}
+
+const std::vector<PropertyKey>& PropertyTable::spaceKeys() {
+    static const std::vector<PropertyKey> keys =
+        keysWhere([](const PropertySpec& spec) { return spec.space.has_value(); });
     return keys;
 }
 

@@ -27,6 +27,8 @@ struct PropertyTable {
     static std::vector<PropertyKey> keys(PropertyGroup group);
     /// The keys that actions may animate, in table order.
     static const std::vector<PropertyKey>& animatable();
+    /// The keys of a space's fields, in table order.
+    static const std::vector<PropertyKey>& spaceKeys();
 
     /// 0 at every number place, 1 where actions multiply.
     static const std::array<double, numberPlaces>& restNumbers();
