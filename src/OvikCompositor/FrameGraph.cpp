@@ -135,15 +135,21 @@ Image FrameGraph::render(const PreparedDraft& prepared, const FrameMoment& momen
                          std::optional<PixelSize> outputSize) {
     const double scale = positiveOr1(canvasScale);
     const PixelSize size = outputSize.value_or(prepared.layout.pixelSize(scale, false));
-    // 1. The background.
+    // The layers, back to front. A layer not drawn yet is a `pending:` line where its step goes.
     Image picture = background(prepared, size);
-    // 2. The style's look on the background waits for effect stacks.
-    // 3. The media sides, back to front. Transitions between sections (offsets, dissolves,
-    //    posed sides) wait for the section looks: during one, the incoming side lies on top.
+    // pending: the look on the background (`Style.lookScope` background), with effect stacks.
+    // The media sides: each its shadow, content, device, hosted objects and camera. Transitions
+    // between sections (offsets, dissolves, posed sides) wait for the section looks: during
+    // one, the incoming side lies on top.
     for (const Side& each : sides(prepared, moment)) picture = side(prepared, each, scale, size, picture);
-    // 4-10. Objects without a host, lens blur, the look on the whole picture, letterbox bars,
-    //    lifted objects, captions and key chips, and the watermark wait for their painters.
-    // 11. The output rectangle.
+    // pending: the objects that have no host, in tree order, with the object painter.
+    // pending: the front lens blur merged over the back, with lens blur.
+    // pending: the look on the whole picture (`Style.lookScope` all), with effect stacks.
+    // pending: the letterbox bars (`Draft.letterbox`).
+    // pending: the objects above the letterbox (the lifted leaves), with the object painter.
+    // pending: the caption, then the key chip, with the overlays.
+    // pending: the watermark (`prepared.options.watermark`).
+    // The output rectangle.
     return picture.cropped(sizeRect(size));
 }
 
@@ -224,8 +230,10 @@ Image FrameGraph::side(const PreparedDraft& prepared, const Side& shown, double 
     if (radius > 0) content = cornered(content, card, radius, layout.deviceFrame == DeviceFrame::browser);
     const DeviceGeometry device{layout.deviceFrame, card.width(), card.height(), layout.sourceScale * scale, radius};
     if (DeviceFrameDrawing::isDrawable(device)) content = framed(content, device, card);
-    // Objects hosted on the card and the camera wait for their painters.
-    return content.composited(picture);
+    // pending: the objects hosted on this card, in its object space, with the object painter.
+    const Image laid = content.composited(picture);
+    // pending: the camera (`FrameMoment::cameras` of the side's section) over the laid card.
+    return laid;
 }
 
 // Solid black over the picture so far, through a mask of the outlines blurred and offset

@@ -3,14 +3,13 @@
 #include <algorithm>
 #include <cmath>
 
+#include "OvikCompositor/FrameScene.h"
 #include "OvikCompositor/RecordingFrames.h"
 #include "OvikCompositor/RenderError.h"
+#include "OvikCompositor/RenderedFrame.h"
 #include "OvikModel/keys/DraftRenderKey.h"
 #include "OvikModel/time/DraftTimeline.h"
 #include "OvikModel/time/DraftTiming.h"
-#include "OvikPlatform/image/CGImage.h"
-#include "OvikPlatform/image/ImageError.h"
-#include "OvikPlatform/image/RenderContext.h"
 #include "OvikPlatform/media/ReadFlags.h"
 
 namespace ovik {
@@ -19,43 +18,10 @@ namespace {
 // A poster moment may take the key frame before it, as far back as this.
 constexpr std::int64_t posterTolerance = 10'000'000;
 
-const Recording* recordingOf(const Draft& draft, MediaID id) {
-    for (const Media& media : draft.media.items())
-        if (media.id == id)
-            if (const auto* recording = std::get_if<MediaSource::recording>(&media.source.cases)) return &recording->value;
-    return nullptr;
-}
-
 // Frames are read no larger than the capture is drawn.
 std::int64_t frameLongSide(const CanvasLayout& layout, double scale) {
     const double side = double(std::max(layout.capturePixels.width, layout.capturePixels.height)) * scale;
     return std::max<std::int64_t>(std::llround(std::ceil(side)), 1);
-}
-
-ImageBox pixels(const Image& image, PixelSize size) {
-    try {
-        const CGRect rect{{0, 0}, {double(size.width), double(size.height)}};
-        return ImageBox{std::make_shared<const CGImage>(FrameGraph::context().createCGImage(image, rect))};
-    } catch (const ImageError& error) {
-        throw RenderFailure(RenderError::failed{error.what()});
-    }
-}
-
-// The sections on screen at `at`, with the video frame of each that shows a recording.
-FrameMoment momentAt(const DraftDocument& document, const PreparedDraft& prepared, OutputTime at,
-                     const RecordingFrames& reader) {
-    FrameMoment moment;
-    moment.output = at;
-    if (!prepared.timeline) return moment;
-    moment.sections.emplace();
-    for (const VisibleSection& shown : prepared.timeline->visible(at)) {
-        moment.sections->push_back(shown.section);
-        moment.sources.emplace(shown.section, shown.time);
-        if (shown.transition) moment.phases.emplace(shown.section, *shown.transition);
-        if (const Recording* recording = recordingOf(prepared.draft, shown.media))
-            moment.frames.emplace(shown.section, reader.frame(document, *recording, shown.time));
-    }
-    return moment;
 }
 
 } // namespace
@@ -93,6 +59,7 @@ ImageBox LiveRendering::still(const DraftDocument& document, std::optional<Outpu
 std::vector<ImageBox> LiveRendering::stills(const DraftDocument& document,
                                             const std::vector<std::optional<OutputTime>>& moments, StillSize size) {
     std::optional<PreparedDraft> prepared;
+    std::optional<FrameScene> scene;
     std::vector<ImageBox> out;
     const std::string draftKey = thumbnailKey(document.draft, size.pixels.value_or(0)).rawValue;
     for (const auto& at : moments) {
@@ -103,22 +70,33 @@ std::vector<ImageBox> LiveRendering::stills(const DraftDocument& document,
             out.push_back(*found);
             continue;
         }
-        if (!prepared) prepared = prepare(document);
-        out.push_back(render(document, *prepared, at, canvasScale(prepared->layout, size)));
+        if (!scene) {
+            prepared = prepare(document);
+            scene.emplace(graph_, *prepared, canvasScale(prepared->layout, size), FrameColors::pictures);
+        }
+        out.push_back(render(document, *scene, at));
         if (cached) keep(key, out.back());
     }
     return out;
 }
 
-ImageBox LiveRendering::render(const DraftDocument& document, const PreparedDraft& prepared,
-                               std::optional<OutputTime> at, double scale) {
+ImageBox LiveRendering::render(const DraftDocument& document, const FrameScene& scene, std::optional<OutputTime> at) {
     RecordingFrames reader;
-    reader.maxLongSide = frameLongSide(prepared.layout, scale);
+    reader.maxLongSide = frameLongSide(scene.draft.layout, scene.canvasScale);
     reader.toleranceMicroseconds = at ? 0 : posterTolerance;
     reader.flags = std::make_shared<ReadFlags>();
-    const FrameMoment moment = momentAt(document, prepared, at.value_or(posterTime(prepared.draft)), reader);
-    const PixelSize size = prepared.layout.pixelSize(scale, false);
-    return pixels(graph_.render(prepared, moment, scale, size), size);
+    const auto read = [&](const Recording& recording, SourceTime time) {
+        return reader.frame(document, recording, time);
+    };
+    return finished(scene, scene.moment(at.value_or(posterTime(scene.draft.draft)), read));
+}
+
+ImageBox LiveRendering::finished(const FrameScene& scene, const FrameMoment& moment) {
+    const PixelSize size = scene.size();
+    const RenderedFrame frame = RenderedFrame::render(
+        scene.picture(moment), CGRect{{0, 0}, {double(size.width), double(size.height)}}, RenderPath::still);
+    statistics_.record(frame.info);
+    return frame.image;
 }
 
 std::vector<ImageBox> LiveRendering::filmstrip(const DraftDocument& document, std::int64_t count, std::int64_t height) {
@@ -136,11 +114,10 @@ std::vector<ImageBox> LiveRendering::filmstrip(const DraftDocument& document, st
     draft.frame.reset();
     const PreparedDraft prepared = prepare(plain);
     const double scale = double(height) / std::max(1.0, prepared.layout.canvasSize.height);
-    const PixelSize size = prepared.layout.pixelSize(scale, false);
     const auto* recording = std::get_if<MediaSource::recording>(&bare.source.cases);
     std::vector<ImageBox> out;
     if (!recording) {
-        const ImageBox picture = pixels(graph_.render(prepared, FrameMoment{}, scale, size), size);
+        const ImageBox picture = finished(FrameScene(graph_, prepared, scale, FrameColors::pictures), FrameMoment{});
         return std::vector<ImageBox>(std::size_t(count), picture);
     }
     std::int64_t length = 0;
@@ -154,7 +131,7 @@ std::vector<ImageBox> LiveRendering::filmstrip(const DraftDocument& document, st
         Image frame = reader.frame(plain, recording->value, at);
         PreparedDraft framed = prepared;
         framed.mediaPictures[bare.id] = std::move(frame);
-        out.push_back(pixels(graph_.render(framed, FrameMoment{}, scale, size), size));
+        out.push_back(finished(FrameScene(graph_, framed, scale, FrameColors::pictures), FrameMoment{}));
     }
     return out;
 }

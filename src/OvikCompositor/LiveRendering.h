@@ -2,7 +2,8 @@
 // The one door through which stills, filmstrips and thumbnails are asked of a draft. It
 // prepares a draft once per call, reads the video frames a moment shows, lets the frame graph
 // compose the picture, and renders it; finished stills are kept (48) so that asking again
-// costs nothing, and decoded package pictures are kept between drafts (16).
+// costs nothing, and decoded package pictures are kept between drafts (16). Every frame it
+// renders is counted in its frame statistics, stills and filmstrips on `still`.
 #include <cstdint>
 #include <map>
 #include <mutex>
@@ -11,10 +12,13 @@
 #include <vector>
 
 #include "OvikCompositor/FrameGraph.h"
+#include "OvikCompositor/FrameStatistics.h"
 #include "OvikCompositor/PictureCache.h"
 #include "OvikCompositor/PreparedDraft.h"
 
 namespace ovik {
+
+struct FrameScene;
 
 /// How big a still comes out: fitting within a long side (never enlarged; none is the canvas
 /// size), or at exactly a long side.
@@ -56,6 +60,7 @@ public:
     static double canvasScale(const CanvasLayout& layout, StillSize size);
 
     FrameGraph& graph() { return graph_; }
+    const FrameStatistics& statistics() const { return statistics_; }
 
 private:
     using ThumbnailKey = std::tuple<DraftID, std::string, std::optional<std::int64_t>, int, std::optional<std::int64_t>>;
@@ -64,12 +69,14 @@ private:
         std::int64_t lastUse = 0;
     };
 
-    ImageBox render(const DraftDocument& document, const PreparedDraft& prepared, std::optional<OutputTime> at,
-                    double scale);
+    ImageBox render(const DraftDocument& document, const FrameScene& scene, std::optional<OutputTime> at);
+    /// The picture of `moment` in pixels, counted on `still`.
+    ImageBox finished(const FrameScene& scene, const FrameMoment& moment);
     std::optional<ImageBox> kept(const ThumbnailKey& key);
     void keep(const ThumbnailKey& key, ImageBox image);
 
     FrameGraph graph_;
+    FrameStatistics statistics_;
     PictureCache pictures_;
     std::mutex lock_;
     std::map<ThumbnailKey, Kept> thumbnails_;

@@ -19,11 +19,11 @@ ImageBox picture(const std::filesystem::path& url, PictureCache& cache) {
     return box;
 }
 
-std::map<PackagePath, ImageBox> readPictures(const DraftDocument& document, const Draft& draft, PictureCache& cache) {
+std::map<PackagePath, ImageBox> readPictures(const Draft& draft, const PreparedDraft::PictureReader& read) {
     std::map<PackagePath, ImageBox> out;
     for (const PackagePath& path : picturePaths(draft)) {
         try {
-            out.emplace(path, picture(document.url(path), cache));
+            out.emplace(path, read(path));
         } catch (const std::exception&) {
             // A missing picture leaves its object with a placeholder, not the frame unmade.
         }
@@ -37,19 +37,19 @@ Image canvasPicture(const Canvas& canvas) {
     return Image::fromColor(color).cropped(size);
 }
 
-Image screenshotPicture(const DraftDocument& document, const Screenshot& shot, PictureCache& cache) {
+Image screenshotPicture(const Screenshot& shot, const PreparedDraft::PictureReader& read) {
     try {
-        return Image::fromCGImage(picture(document.url(shot.image), cache).cgImage);
+        return Image::fromCGImage(read(shot.image).cgImage);
     } catch (const std::exception& error) {
         throw RenderFailure(RenderError::sourceUnreadable{shot.image.relative + ": " + error.what()});
     }
 }
 
-std::map<MediaID, Image> readMedia(const DraftDocument& document, const Draft& draft, PictureCache& cache) {
+std::map<MediaID, Image> readMedia(const Draft& draft, const PreparedDraft::PictureReader& read) {
     std::map<MediaID, Image> out;
     for (const Media& media : draft.media.items()) {
         if (const auto* shot = std::get_if<MediaSource::screenshot>(&media.source.cases))
-            out.emplace(media.id, screenshotPicture(document, shot->value, cache));
+            out.emplace(media.id, screenshotPicture(shot->value, read));
         else if (const auto* canvas = std::get_if<MediaSource::canvas>(&media.source.cases))
             out.emplace(media.id, canvasPicture(canvas->value));
     }
@@ -61,10 +61,14 @@ std::map<MediaID, Image> readMedia(const DraftDocument& document, const Draft& d
 PreparedDraft PreparedDraft::prepare(const DraftDocument& document, PictureCache& cache, const std::optional<Style>& style) {
     Draft draft = document.draft;
     if (style) draft.style = *style;
-    std::map<PackagePath, ImageBox> pictures = readPictures(document, draft, cache);
+    return prepare(std::move(draft), [&](const PackagePath& path) { return picture(document.url(path), cache); });
+}
+
+PreparedDraft PreparedDraft::prepare(Draft draft, const PictureReader& read) {
+    std::map<PackagePath, ImageBox> pictures = readPictures(draft, read);
     std::optional<ImageBox> background;
     if (const auto path = draft.style.background.picture(); path && pictures.count(*path)) background = pictures.at(*path);
-    std::map<MediaID, Image> media = readMedia(document, draft, cache);
+    std::map<MediaID, Image> media = readMedia(draft, read);
     const CanvasLayout layout = CanvasLayout::make(draft);
     std::shared_ptr<const DraftTimeline> shown = draft.isTimed() ? ovik::timeline(draft) : nullptr;
     return PreparedDraft{std::move(draft), std::move(background), std::move(pictures), layout, std::move(shown),

@@ -5,6 +5,7 @@
 // Not prepared yet, each with the work that draws it: recorded events and the cursor, key
 // chips, window contents, the views of sections, emitters, shutter detail, results and
 // generators, and the package's fonts and look tables.
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -34,10 +35,16 @@ struct PreparedDraft {
     std::map<MediaID, Image> mediaPictures;
     RenderOptions options;
 
-    /// Throws `RenderFailure` (`sourceUnreadable`) when a screenshot can't be read; a picture
-    /// of an object or the background that can't be read is only left out.
+    /// A package picture, decoded; throws when it can't be read.
+    using PictureReader = std::function<ImageBox(const PackagePath&)>;
+
+    /// The document's draft, with `style` in place of its own when one is given, its pictures
+    /// read through `cache`.
     static PreparedDraft prepare(const DraftDocument& document, PictureCache& cache,
                                  const std::optional<Style>& style = std::nullopt);
+    /// Throws `RenderFailure` (`sourceUnreadable`) when a screenshot can't be read; a picture
+    /// of an object or the background that can't be read is only left out.
+    static PreparedDraft prepare(Draft draft, const PictureReader& read);
 };
 
 } // namespace ovik

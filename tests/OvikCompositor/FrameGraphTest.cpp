@@ -2,8 +2,8 @@
 
 #include <cmath>
 #include <filesystem>
-#include <fstream>
 
+#include "CompositorSamples.h"
 #include "OvikCompositor/LiveRendering.h"
 #include "OvikCompositor/RenderError.h"
 #include "OvikPlatform/codecs/PNGCodec.h"
@@ -17,55 +17,13 @@ namespace ovik {
 namespace {
 
 namespace fs = std::filesystem;
+using testing::canvasDraft;
+using testing::halves;
+using testing::oneMedia;
+using testing::Package;
 using testing::pixelAt;
 
 const testing::RGBA blue{0, 0, 255, 255}, red{255, 0, 0, 255}, green{0, 255, 0, 255};
-
-// A package folder of its own for each test.
-struct Package {
-    fs::path root;
-    explicit Package(const std::string& name) : root(fs::temp_directory_path() / ("ovik-frame-" + name)) {
-        fs::remove_all(root);
-        fs::create_directories(root / "media");
-    }
-    ~Package() { fs::remove_all(root); }
-    void write(const std::string& path, const std::string& bytes) const { std::ofstream(root / path, std::ios::binary) << bytes; }
-};
-
-Draft oneMedia(MediaSource source) {
-    Draft draft;
-    draft.id = DraftID{*UUID::parse("0C0C0C0C-0000-4000-8000-000000000001")};
-    Media media;
-    media.id = MediaID{*UUID::parse("0C0C0C0C-0000-4000-8000-000000000002")};
-    media.source = std::move(source);
-    Section section;
-    section.id = SectionID{*UUID::parse("0C0C0C0C-0000-4000-8000-000000000003")};
-    section.media = media.id;
-    section.length = Section::Length::makeStill(MediaDuration::fromSeconds(5));
-    draft.media = CowList<Media>({media});
-    draft.sections = CowList<Section>({section});
-    return draft;
-}
-
-Draft canvasDraft(RGBA colour, bool transparent = false) {
-    Canvas canvas;
-    canvas.pixelSize = {100, 50};
-    canvas.color = colour;
-    canvas.isTransparent = transparent;
-    return oneMedia(MediaSource::makeCanvas(canvas));
-}
-
-// Two halves: red on the left, green on the right.
-CGImage halves(std::int64_t width, std::int64_t height) {
-    std::vector<std::uint8_t> pixels(std::size_t(width * height * 4));
-    for (std::int64_t y = 0; y < height; ++y)
-        for (std::int64_t x = 0; x < width; ++x) {
-            std::uint8_t* p = &pixels[std::size_t((y * width + x) * 4)];
-            p[x < width / 2 ? 0 : 1] = 255;
-            p[3] = 255;
-        }
-    return CGImage(width, height, width * 4, std::move(pixels));
-}
 
 CGImage still(const Draft& draft, const fs::path& root, std::optional<std::int64_t> at = std::nullopt,
               std::optional<std::int64_t> size = std::nullopt) {
@@ -183,7 +141,7 @@ TEST(FrameGraph, AGradientMixesInLinearLight) {
 TEST(FrameGraph, ACropShowsItsPartOfTheScreenshot) {
     const Package package("crop");
     package.write("media/shot.png", PNGCodec::encode(halves(40, 20)));
-    Draft draft = oneMedia(MediaSource::makeScreenshot(Screenshot{PackagePath{"media/shot.png"}, {40, 20}, 1, "sRGB", {}, {}}));
+    Draft draft = testing::screenshotDraft({40, 20});
     std::vector<Media> media = draft.media.items();
     media[0].crop = CGRect{{20, 0}, {20, 20}};
     draft.media = CowList<Media>(media);
@@ -206,8 +164,7 @@ TEST(FrameGraph, StillsFitWithoutEnlarging) {
 TEST(FrameGraph, UnreadablePictures) {
     const Package package("unreadable");
     package.write("media/shot.png", "not a picture");
-    const Draft broken =
-        oneMedia(MediaSource::makeScreenshot(Screenshot{PackagePath{"media/shot.png"}, {40, 20}, 1, "sRGB", {}, {}}));
+    const Draft broken = testing::screenshotDraft({40, 20});
     try {
         still(broken, package.root);
         ADD_FAILURE() << "an unreadable screenshot was drawn";
@@ -305,6 +262,8 @@ TEST(FrameGraph, AFilmstripTakesEvenlySpacedFrames) {
     EXPECT_EQ(strip[0].pixelSize(), (PixelSize{32, 24}));
     EXPECT_LE(testing::maxErrorFrom(*strip[1].cgImage, red), 8);
     EXPECT_LE(testing::maxErrorFrom(*strip[2].cgImage, blue), 8);
+    // Each picture is a frame rendered on the still path.
+    EXPECT_EQ(rendering.statistics().totals(RenderPath::still).frames, 4);
 }
 
 } // namespace

@@ -67,16 +67,19 @@ RenderContext::~RenderContext() = default;
 
 unsigned RenderContext::threadCount() const { return pool_->threadCount(); }
 
-void RenderContext::render(const Image& image, const PixelRect& pixels,
-                           const std::function<void(const PixelTile&)>& write) const {
+RenderWork RenderContext::render(const Image& image, const PixelRect& pixels,
+                                 const std::function<void(const PixelTile&)>& write) const {
     RenderPlan plan(image.node().get(), pixels);
     plan.run(*pool_, write);
+    return plan.work();
 }
 
-CGImage RenderContext::createCGImage(const Image& image, const CGRect& rect) const {
+CGImage RenderContext::createCGImage(const Image& image, const CGRect& rect, RenderWork* work) const {
     const PixelRect pixels = checkedPixels(rect);
     Bitmap<std::uint8_t> bitmap = blank<std::uint8_t>(pixels);
-    render(image, pixels, [&](const PixelTile& tile) { write(bitmap, pixels, tile, SRGBTransfer::encodeRow8); });
+    const RenderWork done =
+        render(image, pixels, [&](const PixelTile& tile) { write(bitmap, pixels, tile, SRGBTransfer::encodeRow8); });
+    if (work) *work = done;
     return CGImage(pixels.width, pixels.height, 4 * pixels.width, std::move(bitmap.pixels));
 }
 

@@ -14,6 +14,7 @@
 
 #include "OvikPlatform/geometry/CGRect.h"
 #include "OvikPlatform/image/Bitmap.h"
+#include "OvikPlatform/image/RenderWork.h"
 
 namespace ovik {
 
@@ -39,13 +40,15 @@ public:
 
     unsigned threadCount() const;
 
-    CGImage createCGImage(const Image& image, const CGRect& rect) const;
+    /// `work`, when given, receives the passes and pixels the render took.
+    CGImage createCGImage(const Image& image, const CGRect& rect, RenderWork* work = nullptr) const;
     Bitmap16 render16(const Image& image, const CGRect& rect) const;
     BitmapFloat renderFloat(const Image& image, const CGRect& rect) const;
 
 private:
     /// Renders `pixels` and hands every tile to `write`, from the pool's threads.
-    void render(const Image& image, const PixelRect& pixels, const std::function<void(const PixelTile&)>& write) const;
+    RenderWork render(const Image& image, const PixelRect& pixels,
+                      const std::function<void(const PixelTile&)>& write) const;
 
     std::unique_ptr<TilePool> pool_;
 };

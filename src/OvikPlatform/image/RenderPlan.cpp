@@ -88,6 +88,12 @@ void RenderPlan::run(TilePool& pool, const std::function<void(const PixelTile&)>
     pool.forEach(parts.size(), [&](std::size_t i) { deliver(evaluate(root_, parts[i])); });
 }
 
+RenderWork RenderPlan::work() const {
+    RenderWork work{std::int64_t(passes_.size()) + 1, rect_.pixelCount()};
+    for (const ImageNode* pass : passes_) work.pixelsProcessed += regions_.at(pass).pixelCount();
+    return work;
+}
+
 void RenderPlan::finish(const ImageNode& node, TilePool& pool) {
     const PixelTile whole = PixelTile::uncleared(regions_[&node]);
     const std::vector<PixelRect> parts = tiles(whole.rect());

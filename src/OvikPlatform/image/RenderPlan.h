@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "OvikPlatform/image/ImageNode.h"
+#include "OvikPlatform/image/RenderWork.h"
 
 namespace ovik {
 
@@ -27,6 +28,8 @@ public:
 
     /// Hands each tile of the rectangle to `deliver`, from the pool's threads.
     void run(TilePool& pool, const std::function<void(const PixelTile&)>& deliver);
+    /// The passes of the plan and the pixels they cover.
+    RenderWork work() const;
 
     /// `rect` cut into tiles of `tileSize`, row by row.
     static std::vector<PixelRect> tiles(const PixelRect& rect);
