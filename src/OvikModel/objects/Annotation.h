@@ -14,6 +14,7 @@
 #include "OvikModel/objects/SpotlightAnnotation.h"
 #include "OvikModel/objects/StickerAnnotation.h"
 #include "OvikModel/objects/TextAnnotation.h"
+#include "OvikPlatform/CowBox.h"
 
 namespace ovik {
 
@@ -44,7 +45,8 @@ struct Annotation : Enumeration<Annotation> {
     using sticker = Case<StickerAnnotation, stickerName>;
     using path = Case<PathAnnotation, pathName>;
     using followPoint = Case<FollowPointAnnotation, followPointName>;
-    using particles = Case<ParticlesAnnotation, particlesName>;
+    // Boxed: a particles recipe is several times the size of any other payload.
+    using particles = Case<CowBox<ParticlesAnnotation>, particlesName>;
     using solid = Case<JSONValue, solidName>;         // pending: SolidAnnotation
     using generator = Case<JSONValue, generatorName>; // pending: GeneratorAnnotation
 

@@ -128,7 +128,7 @@ JSONValue stopsJSON(const std::optional<std::vector<Stop>>& stops, double Stop::
 
 using RecipeWrite = std::function<void(ParticlesAnnotation&, const PropertyValue&, const PropertySpec&, ObjectID self)>;
 
-// The recipe of a particles object, const as the node is; none on any other node.
+// The boxed recipe of a particles object, const as the node is; none on any other node.
 template <class Node>
 auto* recipeOf(Node& node) {
     auto* leaf = std::get_if<ObjectContent::annotation>(&node.content.cases);
@@ -142,14 +142,14 @@ std::shared_ptr<const ObjectAccess> recipeAccess(ParticleRead read, RecipeWrite 
         ofKinds({AnnotationKind::particles}),
         [read](const ObjectNode& node) -> std::optional<JSONValue> {
             const auto* particles = recipeOf(node);
-            return particles ? read(*particles) : std::nullopt;
+            return particles ? read(**particles) : std::nullopt;
         },
         [write](ObjectNode& node, const PropertyValue& value, const PropertySpec& spec) {
             auto* particles = recipeOf(node);
             if (!particles) return;
-            ParticlesAnnotation changed = *particles;
+            ParticlesAnnotation changed = **particles;
             write(changed, value, spec, node.id);
-            *particles = changed.kept();
+            particles->mutate() = changed.kept();
         }});
 }
 
