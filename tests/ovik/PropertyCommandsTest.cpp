@@ -36,6 +36,19 @@ TEST(PropertyCommands, PropsListsRowsUnderAPrefix) {
     EXPECT_NE(result.out.find("cursor.look                          choice           arrow|pointer|dot"), std::string::npos);
 }
 
+TEST(PropertyCommands, PropsListsWhatATargetCanHaveWritten) {
+    const CommandResult media = runOvik({"props", "--writable", "media"}, {"OVIK_LANGUAGE=en"});
+    ASSERT_EQ(media.status, 0) << media.err;
+    EXPECT_EQ(media.out.rfind("blend ", 0), 0u) << media.out; // the one row written on media itself
+    EXPECT_EQ(media.out.find('\n'), media.out.size() - 1) << media.out;
+    const CommandResult draft = runOvik({"props", "style.", "--writable", "draft"}, {"OVIK_LANGUAGE=en"});
+    EXPECT_NE(draft.out.find("style.padding "), std::string::npos);
+    const CommandResult objects = runOvik({"props", "--writable", "object"}, {"OVIK_LANGUAGE=en"});
+    EXPECT_NE(objects.out.find("\nhidden "), std::string::npos);
+    EXPECT_EQ(objects.out.find("\nposition "), std::string::npos); // actions alone move it
+    EXPECT_EQ(runOvik({"props", "--writable", "planet"}).status, 2);
+}
+
 TEST(PropertyCommands, SetThenGetAndTheFileAfterwards) {
     const std::string package = copiedAnimation("set.ovikwork");
     const CommandResult set = runOvik({"set", package, "文字 1.hidden", "true"}, {"OVIK_LANGUAGE=en"});

@@ -1,6 +1,8 @@
 #include <CLI/CLI.hpp>
 
 #include <cstdio>
+#include <map>
+#include <optional>
 #include <memory>
 #include <string>
 
@@ -28,9 +30,12 @@ std::string targetsText(const PropertySpec& spec) {
 }
 
 // One line a row: name, value type (with "animated" for rows that actions move), range or
-// choice words, the targets it stands on, and its title.
-void run(const std::string& prefix) {
-    for (const PropertySpec& spec : PropertyTable::specs()) {
+// choice words, the targets it stands on, and its title. With a target, only the rows that
+// can be written there.
+void run(const std::string& prefix, const std::optional<PropertyTargetKind>& writable) {
+    const std::vector<PropertyKey> keys = writable ? PropertyTable::writableKeys(*writable) : PropertyTable::allKeys();
+    for (const PropertyKey key : keys) {
+        const PropertySpec& spec = key.spec();
         if (spec.name.rfind(prefix, 0) != 0) continue;
         std::string type(caseName(spec.type));
         if (spec.motion) type += ",animated";
@@ -44,8 +49,17 @@ void run(const std::string& prefix) {
 void addPropsCommand(CLI::App& app) {
     CLI::App* command = app.add_subcommand("props", "List the properties of the table: name, value, range, targets");
     auto prefix = std::make_shared<std::string>();
+    auto writable = std::make_shared<std::optional<PropertyTargetKind>>();
     command->add_option("PREFIX", *prefix, "Only the names that begin with this");
-    command->callback([prefix] { run(*prefix); });
+    std::map<std::string, PropertyTargetKind> kinds;
+    for (const auto& [kind, name] : enumCases(static_cast<PropertyTargetKind*>(nullptr)).cases)
+        kinds.emplace(std::string(name), kind);
+    command
+        ->add_option_function<std::string>(
+            "--writable", [writable, kinds](const std::string& word) { *writable = kinds.at(word); },
+            "Only the rows that can be written on this kind of target")
+        ->check(CLI::IsMember(kinds));
+    command->callback([prefix, writable] { run(*prefix, *writable); });
 }
 
 } // namespace ovik::cli

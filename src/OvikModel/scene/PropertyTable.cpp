@@ -115,6 +115,10 @@ const std::vector<PropertyKey>& PropertyTable::spaceKeys() {
     return keys;
 }
 
+std::vector<PropertyKey> PropertyTable::writableKeys(PropertyTargetKind target) {
+    return keysWhere([target](const PropertySpec& spec) { return spec.writes() && spec.standsOn(target); });
+}
+
 const std::array<double, PropertyTable::numberPlaces>& PropertyTable::restNumbers() {
     static const std::array<double, numberPlaces> rest = [] {
         std::array<double, numberPlaces> out{};
