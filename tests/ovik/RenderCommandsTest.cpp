@@ -91,5 +91,18 @@ TEST_F(RenderCommands, BadMediaIsAClearErrorAndNothingIsWritten) {
     EXPECT_EQ(runOvik({"render", recording.string(), "--size", "0", "--output", (folder / "x.png").string()}).status, 2);
 }
 
+// A file browser asking for the thumbnail of a package whose media is broken gets the one
+// answer it knows, "unreadable", and no file.
+TEST_F(RenderCommands, ThumbnailsOfBadMediaAreUnreadable) {
+    const auto [package, movie] = copyOf("recording.ovikwork", 1);
+    fs::resize_file(movie, 2000);
+    const fs::path out = folder / "t.png";
+    const CommandResult result =
+        runOvik({"thumbnail", package.string(), "--size", "256", "--output", out.string()}, {"OVIK_LANGUAGE=en"});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.err, "This draft can't be read.\n");
+    EXPECT_FALSE(fs::exists(out));
+}
+
 } // namespace
 } // namespace ovik::testing
