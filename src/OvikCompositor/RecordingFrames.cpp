@@ -31,16 +31,21 @@ std::optional<std::pair<const Segment*, std::int64_t>> place(const Recording& re
 
 } // namespace
 
-Image RecordingFrames::frame(const DraftDocument& document, const Recording& recording, SourceTime time) const {
+Image RecordingFrames::frame(const DraftDocument& document, const Recording& recording, SourceTime time) {
     const auto at = place(recording, time);
     if (!at) throw RenderFailure(RenderError::sourceUnreadable{"the recording has no segments"});
     const auto& [segment, local] = *at;
-    VideoFrames::Options options;
-    options.maxLongSide = maxLongSide;
-    options.tolerance = MediaTime::microseconds(toleranceMicroseconds);
-    VideoFrames frames(document.url(segment->movie), flags ? flags : std::make_shared<ReadFlags>(), options);
+    const std::filesystem::path movie = document.url(segment->movie);
+    std::shared_ptr<VideoFrames>& frames = open_[movie];
+    if (!frames) {
+        VideoFrames::Options options;
+        options.maxLongSide = maxLongSide;
+        options.tolerance = MediaTime::microseconds(toleranceMicroseconds);
+        if (!flags) flags = std::make_shared<ReadFlags>();
+        frames = std::make_shared<VideoFrames>(movie, flags, options);
+    }
     try {
-        const auto shown = frames.frame(MediaTime::microseconds(local));
+        const auto shown = frames->frame(MediaTime::microseconds(local));
         return shown ? Image::fromCGImage(shown->image) : Image();
     } catch (const MediaError& error) {
         fail(error, segment->movie);

@@ -1,8 +1,11 @@
 #pragma once
 // The video frame a recording shows at a source moment: the segment that holds the moment,
 // its movie read through a deadline-guarded reader. A stuck or broken movie becomes a
-// `RenderFailure`, never a hang.
+// `RenderFailure`, never a hang. A movie stays open between frames, so that later moments of
+// it (a filmstrip's, an export's) decode on from where the last one stopped.
 #include <cstdint>
+#include <filesystem>
+#include <map>
 #include <memory>
 #include <optional>
 
@@ -14,6 +17,7 @@
 namespace ovik {
 
 struct ReadFlags;
+class VideoFrames;
 
 struct RecordingFrames {
     /// Frames come no larger than this on their long side; none keeps the movie's size.
@@ -25,7 +29,10 @@ struct RecordingFrames {
 
     /// The frame at `time`, placed with its corner at the origin; the empty picture before the
     /// movie's first frame. Throws `RenderFailure`.
-    Image frame(const DraftDocument& document, const Recording& recording, SourceTime time) const;
+    Image frame(const DraftDocument& document, const Recording& recording, SourceTime time);
+
+private:
+    std::map<std::filesystem::path, std::shared_ptr<VideoFrames>> open_;
 };
 
 } // namespace ovik
