@@ -1,7 +1,8 @@
 #pragma once
 // What one frame is drawn from: the film moment, the sections on screen (back to front) with
 // their source moments and transitions, the decoded video frame of each section that shows a
-// recording, and the frame of the camera track over each section.
+// recording with the source moment it starts at, and the frame of the camera track over each
+// section.
 #include <map>
 #include <optional>
 #include <vector>
@@ -19,6 +20,8 @@ struct FrameMoment {
     std::optional<std::vector<SectionID>> sections;
     std::map<SectionID, SourceTime> sources;
     std::map<SectionID, Image> frames;
+    /// Where each of `frames` starts to show on its section's source time.
+    std::map<SectionID, SourceTime> frameStarts;
     std::map<SectionID, Image> cameras;
     std::map<SectionID, TransitionPhase> phases;
 };

@@ -1,5 +1,7 @@
 #include "OvikCompositor/FrameScene.h"
 
+#include <algorithm>
+
 #include "OvikCompositor/FrameGraph.h"
 #include "OvikCompositor/PreparedDraft.h"
 #include "OvikModel/time/DraftTimeline.h"
@@ -28,7 +30,9 @@ FrameScene::FrameScene(FrameGraph& graph, const PreparedDraft& draft, double can
 
 PixelSize FrameScene::size() const { return draft.layout.pixelSize(canvasScale, false); }
 
-FrameMoment FrameScene::moment(OutputTime at, const FrameReader& read) const {
+FrameMoment FrameScene::moment(OutputTime at, const FrameReader& read) const { return laid(at, read, nullptr); }
+
+FrameMoment FrameScene::laid(OutputTime at, const FrameReader& read, const FrameMoment* held) const {
     FrameMoment moment;
     moment.output = at;
     if (!map) return moment;
@@ -37,10 +41,29 @@ FrameMoment FrameScene::moment(OutputTime at, const FrameReader& read) const {
         moment.sections->push_back(shown.section);
         moment.sources.emplace(shown.section, shown.time);
         if (shown.transition) moment.phases.emplace(shown.section, *shown.transition);
-        if (const Recording* recording = read ? recordingOf(draft.draft, shown.media) : nullptr)
-            moment.frames.emplace(shown.section, read(*recording, shown.time));
+        if (held && held->frames.contains(shown.section)) {
+            moment.frames.emplace(shown.section, held->frames.at(shown.section));
+            moment.frameStarts.emplace(shown.section, held->frameStarts.at(shown.section));
+        } else if (const Recording* recording = read ? recordingOf(draft.draft, shown.media) : nullptr) {
+            RecordingFrame frame = read(*recording, shown.time);
+            moment.frames.emplace(shown.section, std::move(frame.image));
+            moment.frameStarts.emplace(shown.section, frame.start);
+        }
     }
     return moment;
+}
+
+std::optional<FrameMoment> FrameScene::atFrameStart(const FrameMoment& moment, const FrameReader& read) const {
+    if (!map || !moment.sections) return moment;
+    const auto& sections = *moment.sections;
+    const auto front = std::find_if(sections.rbegin(), sections.rend(),
+                                    [&](SectionID section) { return moment.frameStarts.contains(section); });
+    if (front == sections.rend()) return moment;
+    const SourceTime start = moment.frameStarts.at(*front);
+    if (start == moment.sources.at(*front)) return moment;
+    const auto shown = map->output(AnchoredTime{*front, start});
+    if (!shown) return std::nullopt;
+    return laid(*shown, read, &moment);
 }
 
 Image FrameScene::picture(const FrameMoment& moment) const {

@@ -24,6 +24,15 @@ std::int64_t frameLongSide(const CanvasLayout& layout, double scale) {
     return std::max<std::int64_t>(std::llround(std::ceil(side)), 1);
 }
 
+// A reader of the frames a scene draws, taking a frame up to `tolerance` µs early.
+RecordingFrames framesOf(const FrameScene& scene, std::int64_t tolerance) {
+    RecordingFrames reader;
+    reader.maxLongSide = frameLongSide(scene.draft.layout, scene.canvasScale);
+    reader.toleranceMicroseconds = tolerance;
+    reader.flags = std::make_shared<ReadFlags>();
+    return reader;
+}
+
 } // namespace
 
 LiveRendering::LiveRendering(FrameGraph::Wallpaper wallpaper) : graph_(std::move(wallpaper), cacheBudgetBytes) {}
@@ -74,21 +83,27 @@ std::vector<ImageBox> LiveRendering::stills(const DraftDocument& document,
             prepared = prepare(document);
             scene.emplace(graph_, *prepared, canvasScale(prepared->layout, size), FrameColors::pictures);
         }
-        out.push_back(render(document, *scene, at));
+        out.push_back(finished(*scene, stillMoment(document, *scene, at)));
         if (cached) keep(key, out.back());
     }
     return out;
 }
 
-ImageBox LiveRendering::render(const DraftDocument& document, const FrameScene& scene, std::optional<OutputTime> at) {
-    RecordingFrames reader;
-    reader.maxLongSide = frameLongSide(scene.draft.layout, scene.canvasScale);
-    reader.toleranceMicroseconds = at ? 0 : posterTolerance;
-    reader.flags = std::make_shared<ReadFlags>();
-    const auto read = [&](const Recording& recording, SourceTime time) {
-        return reader.frame(document, recording, time);
+FrameMoment LiveRendering::stillMoment(const DraftDocument& document, const FrameScene& scene,
+                                       std::optional<OutputTime> at) {
+    RecordingFrames exact = framesOf(scene, 0);
+    const auto readExact = [&](const Recording& recording, SourceTime time) {
+        return exact.frame(document, recording, time);
     };
-    return finished(scene, scene.moment(at.value_or(posterTime(scene.draft.draft)), read));
+    if (at) return scene.moment(*at, readExact);
+    RecordingFrames early = framesOf(scene, posterTolerance);
+    const auto readEarly = [&](const Recording& recording, SourceTime time) {
+        return early.frame(document, recording, time);
+    };
+    const FrameMoment poster = scene.moment(posterTime(scene.draft.draft), readEarly);
+    if (auto moved = scene.atFrameStart(poster, readEarly)) return std::move(*moved);
+    // The key frame lies in a part the film cuts away: the frame of the moment itself.
+    return scene.moment(poster.output, readExact);
 }
 
 ImageBox LiveRendering::finished(const FrameScene& scene, const FrameMoment& moment) {
@@ -128,7 +143,7 @@ std::vector<ImageBox> LiveRendering::filmstrip(const DraftDocument& document, st
     for (std::int64_t i = 0; i < count; ++i) {
         // The middle of each of `count` equal stretches.
         const SourceTime at{length * (2 * i + 1) / (2 * count)};
-        Image frame = reader.frame(plain, recording->value, at);
+        Image frame = reader.frame(plain, recording->value, at).image;
         PreparedDraft framed = prepared;
         framed.mediaPictures[bare.id] = std::move(frame);
         out.push_back(finished(FrameScene(graph_, framed, scale, FrameColors::pictures), FrameMoment{}));

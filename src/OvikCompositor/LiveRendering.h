@@ -56,6 +56,11 @@ public:
     /// The moment a still of the draft shows when none is asked for: a tenth into a timed draft
     /// (past openings and fades, as a file browser picks a movie's frame), else the start.
     static OutputTime posterTime(const Draft& draft);
+    /// What a still at `at` is drawn from, its frames read. Without `at` the frames may start
+    /// up to 10 s early (the key frame before the poster moment, not decoded up to it), and the
+    /// moment drawn is where the film shows the front one from its start, so that objects,
+    /// cursor and zoom match the picture.
+    FrameMoment stillMoment(const DraftDocument& document, const FrameScene& scene, std::optional<OutputTime> at);
     /// The scale at which the canvas comes out at `size`.
     static double canvasScale(const CanvasLayout& layout, StillSize size);
 
@@ -69,7 +74,6 @@ private:
         std::int64_t lastUse = 0;
     };
 
-    ImageBox render(const DraftDocument& document, const FrameScene& scene, std::optional<OutputTime> at);
     /// The picture of `moment` in pixels, counted on `still`.
     ImageBox finished(const FrameScene& scene, const FrameMoment& moment);
     std::optional<ImageBox> kept(const ThumbnailKey& key);

@@ -7,15 +7,32 @@
 namespace ovik {
 namespace {
 
+// Where a source moment lies in a recording's movies.
+struct Place {
+    const Segment* segment;
+    /// Where the segment begins on the recording's source time.
+    std::int64_t begins;
+    std::int64_t local;
+};
+
 // The segment that holds `time` and the moment within it; past the end, the last one's end.
-std::optional<std::pair<const Segment*, std::int64_t>> place(const Recording& recording, SourceTime time) {
-    std::int64_t left = std::max<std::int64_t>(time.microseconds, 0);
+std::optional<Place> place(const Recording& recording, SourceTime time) {
+    const std::int64_t at = std::max<std::int64_t>(time.microseconds, 0);
+    std::int64_t begins = 0;
     for (const Segment& segment : recording.segments) {
-        if (left < segment.duration.microseconds || &segment == &recording.segments.back())
-            return std::pair{&segment, std::min(left, segment.duration.microseconds)};
-        left -= segment.duration.microseconds;
+        const std::int64_t length = segment.duration.microseconds;
+        if (at - begins < length || &segment == &recording.segments.back())
+            return Place{&segment, begins, std::min(at - begins, length)};
+        begins += length;
     }
     return std::nullopt;
+}
+
+// The first whole microsecond at or after a movie time: from there on the frame shows.
+std::int64_t microsecondsFrom(MediaTime time) {
+    const __int128 scaled = __int128(time.value) * 1'000'000;
+    const __int128 whole = scaled / time.timescale;
+    return std::int64_t(whole * time.timescale < scaled ? whole + 1 : whole);
 }
 
 [[noreturn]] void fail(const MediaError& error, const PackagePath& movie) {
@@ -31,11 +48,10 @@ std::optional<std::pair<const Segment*, std::int64_t>> place(const Recording& re
 
 } // namespace
 
-Image RecordingFrames::frame(const DraftDocument& document, const Recording& recording, SourceTime time) {
+RecordingFrame RecordingFrames::frame(const DraftDocument& document, const Recording& recording, SourceTime time) {
     const auto at = place(recording, time);
     if (!at) throw RenderFailure(RenderError::sourceUnreadable{"the recording has no segments"});
-    const auto& [segment, local] = *at;
-    const std::filesystem::path movie = document.url(segment->movie);
+    const std::filesystem::path movie = document.url(at->segment->movie);
     std::shared_ptr<VideoFrames>& frames = open_[movie];
     if (!frames) {
         VideoFrames::Options options;
@@ -45,10 +61,11 @@ Image RecordingFrames::frame(const DraftDocument& document, const Recording& rec
         frames = std::make_shared<VideoFrames>(movie, flags, options);
     }
     try {
-        const auto shown = frames->frame(MediaTime::microseconds(local));
-        return shown ? Image::fromCGImage(shown->image) : Image();
+        const auto shown = frames->frame(MediaTime::microseconds(at->local));
+        if (!shown) return {Image(), time};
+        return {Image::fromCGImage(shown->image), SourceTime{at->begins + microsecondsFrom(shown->start)}};
     } catch (const MediaError& error) {
-        fail(error, segment->movie);
+        fail(error, at->segment->movie);
     }
 }
 

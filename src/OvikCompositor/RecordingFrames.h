@@ -9,10 +9,9 @@
 #include <memory>
 #include <optional>
 
+#include "OvikCompositor/RecordingFrame.h"
 #include "OvikModel/DraftDocument.h"
 #include "OvikModel/draft/Recording.h"
-#include "OvikModel/values/Times.h"
-#include "OvikPlatform/image/Image.h"
 
 namespace ovik {
 
@@ -27,9 +26,10 @@ struct RecordingFrames {
     std::int64_t toleranceMicroseconds = 0;
     std::shared_ptr<ReadFlags> flags;
 
-    /// The frame at `time`, placed with its corner at the origin; the empty picture before the
+    /// The frame at `time`, placed with its corner at the origin, and the first whole
+    /// microsecond from which it shows; the empty picture, starting at `time`, before the
     /// movie's first frame. Throws `RenderFailure`.
-    Image frame(const DraftDocument& document, const Recording& recording, SourceTime time);
+    RecordingFrame frame(const DraftDocument& document, const Recording& recording, SourceTime time);
 
 private:
     std::map<std::filesystem::path, std::shared_ptr<VideoFrames>> open_;

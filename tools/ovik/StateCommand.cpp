@@ -44,8 +44,9 @@ JSONValue settingsJSON(const ActionState& settings) {
     return JSONValue(std::move(out));
 }
 
-// The appearance with its fields under their own names; absent ones are left out.
-JSONValue appearanceJSON(const ObjectAppearance& look) {
+// The appearance with its fields under their own names; absent ones are left out. A colour is
+// hex text for a person to read, and the model's own record at full precision for a program.
+JSONValue appearanceJSON(const ObjectAppearance& look, bool forPeople) {
     JSONValue::Object out{{"opacity", look.opacity},     {"scale", look.scale},
                           {"offset", JSONValue(JSONValue::Array{look.offset.dx, look.offset.dy})},
                           {"drawn", look.drawn},         {"stretchX", look.stretchX},
@@ -55,7 +56,8 @@ JSONValue appearanceJSON(const ObjectAppearance& look) {
                           {"rotationY", look.rotationY}, {"reveal", look.reveal},
                           {"strokeStart", look.strokeStart}, {"strokeOffset", look.strokeOffset},
                           {"settings", settingsJSON(look.settingsState())}, {"become", look.become}};
-    if (look.color) out.insert_or_assign("color", JSONValue(look.color->hexAlphaText()));
+    if (look.color)
+        out.insert_or_assign("color", forPeople ? JSONValue(look.color->hexAlphaText()) : encodeJSON(*look.color));
     if (look.revealShape) out.insert_or_assign("revealShape", encodeJSON(*look.revealShape));
     if (look.text) out.insert_or_assign("text", JSONValue(*look.text));
     if (look.number) out.insert_or_assign("number", JSONValue(*look.number));
@@ -72,7 +74,7 @@ void run(const StateOptions& options) {
     const ObjectNode& node = objectNamed(draft, options.object);
     const auto look = rawAppearance(draft, node, OutputTime{options.at});
     if (!look) throw Error(L10n::format("cli.state.notShown", {node.name, std::to_string(options.at)}));
-    const JSONValue json = appearanceJSON(*look);
+    const JSONValue json = appearanceJSON(*look, !options.json);
     if (options.json) {
         std::printf("%s\n", JSONWriter::write(json).c_str());
         return;

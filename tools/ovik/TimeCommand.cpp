@@ -8,11 +8,11 @@
 #include "Command.h"
 #include "OvikDrafts/FileDraftStore.h"
 #include "OvikL10n/L10n.h"
+#include "OvikModel/time/ClockReading.h"
 #include "OvikModel/time/DraftTiming.h"
-#include "OvikModel/time/SpanClock.h"
-#include "TimeTable.h"
 #include "OvikPlatform/Error.h"
 #include "OvikPlatform/json/JSONWriter.h"
+#include "TimeTable.h"
 
 namespace ovik::cli {
 namespace {
@@ -25,38 +25,11 @@ struct TimeOptions {
     bool table = false;
 };
 
-// One moment on the three clocks; each is absent where the moment has none.
-struct Moment {
-    std::optional<OutputTime> output;
-    std::optional<OutputTime> played;
-    std::optional<SourceTime> source;
-    std::optional<SectionID> section;
-};
-
 std::string number(std::int64_t microseconds) { return std::to_string(microseconds); }
 
 void requireWithin(std::int64_t time, MediaDuration length) {
     if (time < 0 || time > length.microseconds)
         throw Error(L10n::format("cli.time.outside", {number(time), number(length.microseconds)}));
-}
-
-// The played moment of a film moment: the film's own where no section changes speed.
-OutputTime playedAt(const Draft& draft, OutputTime output) {
-    const auto moment = playedMoment(draft, output);
-    return moment ? moment->output : output;
-}
-
-Moment atOutput(const Draft& draft, const DraftTimeline& line, OutputTime output) {
-    const auto anchored = line.anchored(output);
-    return {output, playedAt(draft, output), anchored->time, anchored->section};
-}
-
-Moment atPlayed(const Draft& draft, const DraftTimeline& line, OutputTime played) {
-    const auto plain = playedTimeline(draft);
-    requireWithin(played.microseconds, plain ? plain->duration() : MediaDuration{});
-    Moment moment = atOutput(draft, line, SpanClock(draft, OutputTime{}, OutputTime{}, false).film(played));
-    moment.played = played;
-    return moment;
 }
 
 SectionID sectionNamed(const Draft& draft, const std::string& text) {
@@ -67,30 +40,27 @@ SectionID sectionNamed(const Draft& draft, const std::string& text) {
     throw Error(L10n::format("cli.time.unknownSection", {text}));
 }
 
-Moment atSource(const Draft& draft, const DraftTimeline& line, SourceTime source, const std::string& section) {
-    const SectionID id = sectionNamed(draft, section);
-    const auto output = line.output(AnchoredTime{id, source});
-    return {output, output ? std::optional(playedAt(draft, *output)) : std::nullopt, source, id};
+JSONValue jsonTime(std::optional<std::int64_t> microseconds) {
+    return microseconds ? JSONValue(*microseconds) : JSONValue();
 }
 
-template <class Time>
-JSONValue jsonTime(const std::optional<Time>& time) {
-    return time ? JSONValue(time->microseconds) : JSONValue();
-}
-
-void print(const Moment& moment, bool json) {
+void print(const ClockReading& moment, bool json) {
+    const auto count = [](const auto& time) { return time ? std::optional(time->microseconds) : std::nullopt; };
+    const std::optional<std::int64_t> source =
+        moment.source ? std::optional(moment.source->time.microseconds) : std::nullopt;
+    const auto section = moment.source ? std::optional(moment.source->section.description()) : std::nullopt;
     if (json) {
-        JSONValue::Object object{{"output", jsonTime(moment.output)},
-                                 {"played", jsonTime(moment.played)},
-                                 {"source", jsonTime(moment.source)},
-                                 {"section", moment.section ? JSONValue(moment.section->description()) : JSONValue()}};
+        JSONValue::Object object{{"output", jsonTime(count(moment.output))},
+                                 {"played", jsonTime(count(moment.played))},
+                                 {"source", jsonTime(source)},
+                                 {"section", section ? JSONValue(*section) : JSONValue()}};
         std::printf("%s\n", JSONWriter::write(JSONValue(std::move(object))).c_str());
         return;
     }
     const std::string none = L10n::text("cli.time.none");
-    const auto text = [&](const auto& time) { return time ? number(time->microseconds) + " µs" : none; };
-    std::printf("%s\n", L10n::format("cli.time.moment", {text(moment.output), text(moment.played), text(moment.source),
-                                                         moment.section ? moment.section->description() : none})
+    const auto text = [&](std::optional<std::int64_t> time) { return time ? number(*time) + " µs" : none; };
+    std::printf("%s\n", L10n::format("cli.time.moment", {text(count(moment.output)), text(count(moment.played)),
+                                                         text(source), section.value_or(none)})
                             .c_str());
 }
 
@@ -104,11 +74,14 @@ void run(const TimeOptions& options) {
     }
     if (options.output) {
         requireWithin(*options.output, line->duration());
-        print(atOutput(draft, *line, OutputTime{*options.output}), options.json);
+        print(ClockReading::atOutput(draft, OutputTime{*options.output}), options.json);
     } else if (options.played) {
-        print(atPlayed(draft, *line, OutputTime{*options.played}), options.json);
+        const auto plain = playedTimeline(draft);
+        requireWithin(*options.played, plain ? plain->duration() : MediaDuration{});
+        print(ClockReading::atPlayed(draft, OutputTime{*options.played}), options.json);
     } else {
-        print(atSource(draft, *line, SourceTime{*options.source}, options.section), options.json);
+        const AnchoredTime source{sectionNamed(draft, options.section), SourceTime{*options.source}};
+        print(ClockReading::atSource(draft, source), options.json);
     }
 }
 

@@ -79,6 +79,15 @@ std::optional<PlayedMoment> playedMoment(const Draft& draft, OutputTime time) {
     return moment;
 }
 
+std::optional<OutputTime> firstOutput(const DraftTimeline& written, const DraftTimeline& played, OutputTime time) {
+    const auto index = played.entryIndex(time);
+    if (!index || played.entries().size() != written.entries().size()) return std::nullopt;
+    const OutputRange span = played.entries()[*index].output;
+    const DraftTimeline::Entry& entry = written.entries()[*index];
+    const OutputTime local = OutputTime{} + (std::clamp(time, span.start, span.end) - span.start);
+    return entry.output.start + (entry.map.firstOutput(local) - OutputTime{});
+}
+
 std::optional<std::size_t> recordingSectionIndex(const Draft& draft, std::optional<SectionID> section) {
     if (draft.sections.empty()) return std::nullopt;
     std::size_t index = 0;

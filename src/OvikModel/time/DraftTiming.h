@@ -24,6 +24,11 @@ std::shared_ptr<const DraftTimeline> playedTimeline(const Draft& draft);
 /// a speed curve or either timeline is missing.
 std::optional<PlayedMoment> playedMoment(const Draft& draft, OutputTime time);
 
+/// The first moment of the `written` timeline that shows the moment `time` of its `played`
+/// timeline: the played entry there and the written map of the same section. None when the two
+/// don't pair up or have no entries.
+std::optional<OutputTime> firstOutput(const DraftTimeline& written, const DraftTimeline& played, OutputTime time);
+
 /// The index of `section` (the first section when none is named) when its media is a recording.
 std::optional<std::size_t> recordingSectionIndex(const Draft& draft, std::optional<SectionID> section = std::nullopt);
 

@@ -1,7 +1,5 @@
 #include "OvikModel/time/SpanClock.h"
 
-#include <algorithm>
-
 #include "OvikModel/time/DraftTiming.h"
 
 namespace ovik {
@@ -22,14 +20,8 @@ const SpanClock::Timelines& SpanClock::timelines() const {
 OutputTime SpanClock::film(OutputTime time) const {
     if (framed_ && time == played_) return output_;
     const Timelines& lines = timelines();
-    if (!lines.written || lines.played->entries().size() != lines.written->entries().size()) return time;
-    const auto found = lines.played->entryIndex(time);
-    if (!found) return time;
-    const std::size_t index = *found;
-    const OutputRange played = lines.played->entries()[index].output;
-    const DraftTimeline::Entry& written = lines.written->entries()[index];
-    const OutputTime local = OutputTime{} + (std::clamp(time, played.start, played.end) - played.start);
-    return written.output.start + (written.map.firstOutput(local) - OutputTime{});
+    if (!lines.written) return time;
+    return firstOutput(*lines.written, *lines.played, time).value_or(time);
 }
 
 SpanClock SpanClock::steady() const { return SpanClock(draft_, output_, played_, framed_); }
