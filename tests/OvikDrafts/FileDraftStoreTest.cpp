@@ -4,6 +4,7 @@
 
 #include "OvikDrafts/DraftStoreError.h"
 #include "OvikDrafts/FileDraftStore.h"
+#include "OvikL10n/L10n.h"
 #include "OvikModel/draft/DraftSamples.h"
 #include "OvikPlatform/files/TemporaryFolder.h"
 
@@ -18,14 +19,25 @@ protected:
         std::filesystem::create_directory(package);
     }
     DraftStoreError readFailure(const std::filesystem::path& at) {
+        const auto before = tree(folder);
         try {
             (void)FileDraftStore::readDraft(at);
+            ADD_FAILURE() << "read " << at;
         } catch (const DraftStoreFailure& failure) {
             EXPECT_EQ(failure.what(), failure.error().localizedDescription());
+            EXPECT_EQ(tree(folder), before);
             return failure.error();
         }
-        ADD_FAILURE() << "read " << at;
         return {};
+    }
+    // The text of an unreadable package, which always begins with the package's name.
+    std::string unreadableText(const std::filesystem::path& at, const std::string& name = "My Draft") {
+        const DraftStoreError error = readFailure(at);
+        EXPECT_TRUE(error.is<DraftStoreError::unreadable>()) << at << " " << error.caseName();
+        const std::string text = error.is<DraftStoreError::unreadable>() ? error.as<DraftStoreError::unreadable>().value : "";
+        EXPECT_EQ(text.rfind(name + ": ", 0), 0u) << text;
+        EXPECT_GT(text.size(), name.size() + 2) << text;
+        return text;
     }
     std::filesystem::path package;
 };
@@ -33,21 +45,17 @@ protected:
 TEST_F(FileDraftStoreTest, ADraftReadAndWrittenBackKeepsItsBytes) {
     const std::string stored = testing::richDraftText();
     writeText(package / "draft.json", stored);
-    const Draft draft = FileDraftStore::readDraft(package);
-
     const std::filesystem::path copy = folder / "Copy.ovikwork";
     std::filesystem::create_directory(copy);
-    FileDraftStore::writeDraft(draft, copy);
+    FileDraftStore::writeDraft(FileDraftStore::readDraft(package), copy);
     EXPECT_EQ(readText(copy / "draft.json"), stored);
     EXPECT_EQ(tree(copy), std::set<std::string>{"draft.json"});
 }
 
 TEST_F(FileDraftStoreTest, AnotherSchemaIsRefusedByNumberBeforeAnythingElse) {
     const std::pair<const char*, std::int64_t> cases[] = {
-        {R"({"schema": 9})", 9},
-        {R"({"schema": 7, "id": "6F1C2B9A-0D4E-4B7A-9C3E-2A1B0C9D8E7F", "name": "old"})", 7},
-        {R"({"schema": 0, "sections": "not even a list"})", 0},
-    };
+        {R"({"schema": 9})", 9}, {R"({"schema": 7, "id": "6F1C2B9A-0D4E-4B7A-9C3E-2A1B0C9D8E7F"})", 7},
+        {R"({"schema": 0, "sections": "not even a list"})", 0}};
     for (const auto& [json, schema] : cases) {
         writeText(package / "draft.json", json);
         const DraftStoreError error = readFailure(package);
@@ -57,68 +65,35 @@ TEST_F(FileDraftStoreTest, AnotherSchemaIsRefusedByNumberBeforeAnythingElse) {
 }
 
 TEST_F(FileDraftStoreTest, AnythingElseThatFailsIsUnreadableUnderThePackagesName) {
-    const char* cases[] = {"[]", "{}", R"({"schema": "8"})", R"({"schema": 8.0})", R"({"schema": 8,)", "", "\xff\xfe"};
-    for (const char* json : cases) {
+    const std::pair<std::string, const char*> cases[] = {
+        {"[]", ""}, {"{}", ""}, {R"({"schema": "8"})", ""}, {R"({"schema": 8.0})", ""}, {R"({"schema": 8,)", ""},
+        {"", ""}, {"\xff\xfe", ""},
+        {testing::draftJSON(testing::canvasMedia, ""), "A draft needs at least one media and one section"}};
+    for (const auto& [json, reason] : cases) {
         writeText(package / "draft.json", json);
-        const auto before = tree(folder);
-        const DraftStoreError error = readFailure(package);
-        ASSERT_TRUE(error.is<DraftStoreError::unreadable>()) << json << " " << error.caseName();
-        const std::string& text = error.as<DraftStoreError::unreadable>().value;
-        EXPECT_EQ(text.rfind("My Draft: ", 0), 0u) << text;
-        EXPECT_GT(text.size(), std::string("My Draft: ").size());
-        EXPECT_EQ(tree(folder), before);
+        EXPECT_NE(unreadableText(package).find(reason), std::string::npos) << json;
     }
-}
-
-TEST_F(FileDraftStoreTest, ABrokenStructureIsUnreadableWithItsReason) {
-    writeText(package / "draft.json", testing::draftJSON(testing::canvasMedia, ""));
-    const DraftStoreError error = readFailure(package);
-    ASSERT_TRUE(error.is<DraftStoreError::unreadable>()) << error.caseName();
-    EXPECT_NE(error.as<DraftStoreError::unreadable>().value.find("A draft needs at least one media and one section"),
-              std::string::npos);
-}
-
-TEST_F(FileDraftStoreTest, AMissingOrUnreadableFileIsUnreadable) {
-    const std::filesystem::path folderAsFile = folder / "Folder.ovikwork";
-    std::filesystem::create_directories(folderAsFile / "draft.json");
-    struct Case {
-        std::filesystem::path at;
-        const char* name;
-    };
-    const Case cases[] = {
-        {package, "My Draft"},
-        {folder / "Missing.ovikwork/", "Missing"},
-        {folderAsFile, "Folder"},
-    };
-    for (const Case& c : cases) {
-        const DraftStoreError error = readFailure(c.at);
-        ASSERT_TRUE(error.is<DraftStoreError::unreadable>()) << c.at;
-        EXPECT_EQ(error.as<DraftStoreError::unreadable>().value.rfind(std::string(c.name) + ": ", 0), 0u)
-            << error.as<DraftStoreError::unreadable>().value;
-    }
+    // As large as the cap allows and one byte more, but sparse: refused before it is read.
+    std::filesystem::resize_file(package / "draft.json", FileDraftStore::maximumDraftBytes + 1);
+    EXPECT_EQ(unreadableText(package), "My Draft: " + L10n::format("drafts.files.tooLarge", {"draft.json"}));
+    std::filesystem::create_directories(folder / "Folder.ovikwork/draft.json");
+    (void)unreadableText(folder / "Missing.ovikwork/", "Missing");
+    (void)unreadableText(folder / "Folder.ovikwork", "Folder");
 }
 
 TEST_F(FileDraftStoreTest, AFailedWriteLeavesTheOldFileAndNoTemporary) {
     writeText(package / "draft.json", "old");
     Draft unwritable = decodeJSON<Draft>(std::string_view(testing::draftJSON()));
     unwritable.layout.gap = std::numeric_limits<double>::infinity();
-    struct Case {
-        const char* name;
-        Draft draft;
-        std::filesystem::path package;
-    };
-    const Case cases[] = {
-        {"non-finite number", unwritable, package},
-        {"missing package", Draft{}, folder / "Missing.ovikwork"},
-    };
-    for (const Case& c : cases) {
+    const std::pair<Draft, std::filesystem::path> cases[] = {{unwritable, package}, {Draft{}, folder / "Missing.ovikwork"}};
+    for (const auto& [draft, at] : cases) {
         try {
-            FileDraftStore::writeDraft(c.draft, c.package);
-            ADD_FAILURE() << c.name;
+            FileDraftStore::writeDraft(draft, at);
+            ADD_FAILURE() << at;
         } catch (const DraftStoreFailure& failure) {
-            EXPECT_TRUE(failure.error().is<DraftStoreError::writeFailed>()) << c.name;
+            EXPECT_TRUE(failure.error().is<DraftStoreError::writeFailed>()) << at;
+            EXPECT_EQ(storeError(failure), failure.error()); // a store failure passes unchanged
         }
-        EXPECT_EQ(readText(package / "draft.json"), "old");
         EXPECT_EQ(tree(folder), (std::set<std::string>{"My Draft.ovikwork", "My Draft.ovikwork/draft.json"}));
     }
 }

@@ -1,81 +1,73 @@
 #include <gtest/gtest.h>
 
-#include "OvikDrafts/PackageContainment.h"
+#include "OvikDrafts/DraftPaths.h"
+#include "OvikDrafts/DraftStoreError.h"
+#include "OvikDrafts/FileDraftStore.h"
+#include "OvikDrafts/PackageCases.h"
+#include "OvikL10n/L10n.h"
+#include "OvikModel/objects/AnnotationDefaults.h"
 #include "OvikPlatform/files/TemporaryFolder.h"
 
 namespace ovik {
 namespace {
 
-class PackageContainmentTest : public testing::TemporaryFolder {
-protected:
-    void SetUp() override {
-        TemporaryFolder::SetUp();
-        real = std::filesystem::canonical(folder);
-        root = real / "A.ovikwork";
-        std::filesystem::create_directories(root / "media");
-        std::filesystem::create_directories(real / "outside");
-        std::filesystem::create_directories(real / "A.ovikwork2");
-    }
-    std::filesystem::path real, root;
-};
+namespace fs = std::filesystem;
+using PackageContainmentTest = testing::TemporaryFolder;
 
-TEST_F(PackageContainmentTest, PathsInsideResolveToTheirRealPlace) {
-    std::filesystem::create_symlink("media", root / "alias");
-    std::filesystem::create_symlink(root, real / "link.ovikwork");
-    struct Case {
-        std::filesystem::path root;
-        const char* path;
-        std::filesystem::path expected;
-    };
-    const Case cases[] = {
-        {root, "draft.json", root / "draft.json"},
-        {root, "media/0F8B/screenshot.png", root / "media/0F8B/screenshot.png"},
-        {root, "alias/x.mov", root / "media/x.mov"},
-        {root, "media//./x.mov", root / "media/x.mov"},
-        {real / "link.ovikwork", "media/x.mov", root / "media/x.mov"},
-    };
-    for (const Case& c : cases) EXPECT_EQ(PackageContainment::resolve(c.root, PackagePath{c.path}), c.expected) << c.path;
-}
-
-TEST_F(PackageContainmentTest, PathsThatLeaveThePackageAreRefused) {
-    std::filesystem::create_symlink(real / "outside", root / "out");
-    std::filesystem::create_symlink("/nonexistent/ghost", root / "ghost");
-    std::filesystem::create_symlink("..", root / "up");
-    std::filesystem::create_symlink("../A.ovikwork2", root / "sibling");
-    std::filesystem::create_symlink(".", root / "self");
-    using Reason = PackagePathError::Reason;
-    const std::pair<const char*, Reason> cases[] = {
-        {"/etc/passwd", Reason::absolute},    {"../outside/x", Reason::parentStep},
-        {"media/../../x", Reason::parentStep}, {"media/..", Reason::parentStep},
-        {"out/x.mov", Reason::outside},       {"ghost", Reason::outside},
-        {"up/outside/x", Reason::outside},    {"sibling/x", Reason::outside},
-        {"", Reason::outside},                {".", Reason::outside},
-        {"self", Reason::outside},
-    };
-    for (const auto& [path, reason] : cases) {
-        const auto before = tree(real);
+TEST_F(PackageContainmentTest, OpeningHoldsTheDraftFileAndEveryPathInside) {
+    for (const testing::PackageCase& c : testing::packageCases) {
+        TearDown();
+        SetUp();
+        const fs::path package = testing::makePackage(folder, c);
+        const auto before = tree(folder);
+        std::string text;
         try {
-            (void)PackageContainment::resolve(root, PackagePath{path});
-            ADD_FAILURE() << path;
+            EXPECT_EQ(FileDraftStore::open(package).packageURL, fs::canonical(package)) << c.name;
         } catch (const PackagePathError& error) {
-            EXPECT_EQ(error.reason(), reason) << path;
-            EXPECT_EQ(error.path().relative, path);
+            EXPECT_EQ(error.path().relative, c.refused) << c.name;
+            text = error.what();
+        } catch (const DraftStoreFailure& error) {
+            EXPECT_TRUE(error.error().is<DraftStoreError::unreadable>()) << c.name;
+            text = error.what();
         }
-        EXPECT_EQ(tree(real), before);
+        EXPECT_EQ(text, c.refusal ? c.prefix + L10n::format(c.refusal, {c.refused}) : "") << c.name;
+        EXPECT_EQ(tree(folder), before) << c.name;
     }
 }
 
-TEST(PackageContainment, ComparesWholeComponentsNotText) {
-    struct Case {
-        const char* candidate;
-        bool inside;
-    };
-    const Case cases[] = {
-        {"/d/A.ovikwork/x", true}, {"/d/A.ovikwork/x/y", true}, {"/d/A.ovikwork2/x", false},
-        {"/d/A.ovikwork", false},  {"/d", false},               {"/e/A.ovikwork/x", false},
-    };
-    for (const Case& c : cases)
-        EXPECT_EQ(PackageContainment::isInside(c.candidate, "/d/A.ovikwork"), c.inside) << c.candidate;
+// An effect stack of one look table.
+EffectStack lutStack(const std::string& digest) {
+    return decodeJSON<EffectStack>(
+        std::string_view(R"({"entries":[{"primitive":"lut","params":[{"name":"name","value":{"text":"Warm"}},)"
+                         R"({"name":"sha256","value":{"text":")" + digest + R"("}}]}]})"));
+}
+
+TEST(DraftPaths, MediaThenPicturesThenFontsThenLookTables) {
+    Draft draft;
+    Media shot, recording;
+    shot.source = MediaSource::makeScreenshot(Screenshot{PackagePath{"media/shot.png"}, PixelSize{4, 3}, 1, "sRGB", {}, {}});
+    Recording recorded;
+    for (const char* movie : {"media/segment-002.mov", "media/segment-001.mov"}) recorded.segments.emplace_back().movie.relative = movie;
+    recorded.events = PackagePath{"events/events.json"};
+    recording.source = MediaSource::makeRecording(recorded);
+    draft.media = CowList<Media>{recording, shot};
+    DraftFont a, b;
+    a.file.relative = "fonts/a.otf";
+    b.file.relative = "fonts/b.otf";
+    draft.fonts = CowList<DraftFont>{b, a};
+    ObjectNode sticker;
+    sticker.content = ObjectContent::makeAnnotation(
+        AnnotationDefaults::standard().sticker(CGRect{{0, 0}, {10, 10}}, PackagePath{"assets/X/s.png"}));
+    sticker.effects = lutStack("bb");
+    ObjectNode group;
+    group.content = ObjectContent::makeGroup({sticker});
+    draft.objects = CowList<ObjectNode>{group};
+    draft.style.look = lutStack("aa");
+    std::vector<std::string> texts;
+    for (const PackagePath& path : draftPaths(draft)) texts.push_back(path.relative);
+    EXPECT_EQ(texts, (std::vector<std::string>{"media/segment-002.mov", "media/segment-001.mov", "events/events.json",
+                                               "media/shot.png", "assets/X/s.png", "fonts/a.otf", "fonts/b.otf",
+                                               "luts/aa.cube", "luts/bb.cube"}));
 }
 
 } // namespace
