@@ -1,100 +1,99 @@
 #include <gtest/gtest.h>
 
-#include <cmath>
+#include <cerrno>
 
+#include "OvikDrafts/DraftPackage.h"
 #include "OvikDrafts/DraftStoreError.h"
 #include "OvikDrafts/FileDraftStore.h"
 #include "OvikL10n/L10n.h"
 #include "OvikModel/draft/DraftSamples.h"
+#include "OvikPlatform/files/PosixError.h"
 #include "OvikPlatform/files/TemporaryFolder.h"
 
 namespace ovik {
 namespace {
+
+namespace fs = std::filesystem;
 
 class FileDraftStoreTest : public testing::TemporaryFolder {
 protected:
     void SetUp() override {
         TemporaryFolder::SetUp();
         package = folder / "My Draft.ovikwork";
-        std::filesystem::create_directory(package);
+        fs::create_directory(package);
     }
-    DraftStoreError readFailure(const std::filesystem::path& at) {
+    // What reading `at` is refused with: "schema N", or the unreadable text. Nothing is written.
+    std::string refusal(const fs::path& at) {
         const auto before = tree(folder);
         try {
             (void)FileDraftStore::readDraft(at);
-            ADD_FAILURE() << "read " << at;
         } catch (const DraftStoreFailure& failure) {
-            EXPECT_EQ(failure.what(), failure.error().localizedDescription());
             EXPECT_EQ(tree(folder), before);
-            return failure.error();
+            if (failure.error().is<DraftStoreError::unsupportedSchema>())
+                return "schema " + std::to_string(failure.error().as<DraftStoreError::unsupportedSchema>().value);
+            return failure.error().as<DraftStoreError::unreadable>().value;
         }
-        return {};
+        return "read";
     }
-    // The text of an unreadable package, which always begins with the package's name.
-    std::string unreadableText(const std::filesystem::path& at, const std::string& name = "My Draft") {
-        const DraftStoreError error = readFailure(at);
-        EXPECT_TRUE(error.is<DraftStoreError::unreadable>()) << at << " " << error.caseName();
-        const std::string text = error.is<DraftStoreError::unreadable>() ? error.as<DraftStoreError::unreadable>().value : "";
-        EXPECT_EQ(text.rfind(name + ": ", 0), 0u) << text;
-        EXPECT_GT(text.size(), name.size() + 2) << text;
-        return text;
-    }
-    std::filesystem::path package;
+    fs::path package;
 };
 
 TEST_F(FileDraftStoreTest, ADraftReadAndWrittenBackKeepsItsBytes) {
-    const std::string stored = testing::richDraftText();
-    writeText(package / "draft.json", stored);
-    const std::filesystem::path copy = folder / "Copy.ovikwork";
-    std::filesystem::create_directory(copy);
-    FileDraftStore::writeDraft(FileDraftStore::readDraft(package), copy);
-    EXPECT_EQ(readText(copy / "draft.json"), stored);
-    EXPECT_EQ(tree(copy), std::set<std::string>{"draft.json"});
+    writeText(package / "draft.json", testing::richDraftText());
+    fs::create_directory(folder / "Copy.ovikwork");
+    FileDraftStore::writeDraft(FileDraftStore::readDraft(package), folder / "Copy.ovikwork");
+    EXPECT_EQ(readText(folder / "Copy.ovikwork/draft.json"), testing::richDraftText());
+    EXPECT_EQ(tree(folder / "Copy.ovikwork"), std::set<std::string>{"draft.json"});
 }
 
-TEST_F(FileDraftStoreTest, AnotherSchemaIsRefusedByNumberBeforeAnythingElse) {
-    const std::pair<const char*, std::int64_t> cases[] = {
-        {R"({"schema": 9})", 9}, {R"({"schema": 7, "id": "6F1C2B9A-0D4E-4B7A-9C3E-2A1B0C9D8E7F"})", 7},
-        {R"({"schema": 0, "sections": "not even a list"})", 0}};
-    for (const auto& [json, schema] : cases) {
-        writeText(package / "draft.json", json);
-        const DraftStoreError error = readFailure(package);
-        ASSERT_TRUE(error.is<DraftStoreError::unsupportedSchema>()) << json << " " << error.caseName();
-        EXPECT_EQ(error.as<DraftStoreError::unsupportedSchema>().value, schema);
-    }
-}
-
-TEST_F(FileDraftStoreTest, AnythingElseThatFailsIsUnreadableUnderThePackagesName) {
-    const std::pair<std::string, const char*> cases[] = {
-        {"[]", ""}, {"{}", ""}, {R"({"schema": "8"})", ""}, {R"({"schema": 8.0})", ""}, {R"({"schema": 8,)", ""},
-        {"", ""}, {"\xff\xfe", ""},
+TEST_F(FileDraftStoreTest, AnotherSchemaIsRefusedByNumberAnythingElseIsUnreadableUnderThePackagesName) {
+    const std::pair<std::string, std::string> cases[] = {
+        {R"({"schema": 9})", "schema 9"},
+        {R"({"schema": 0, "sections": "not even a list"})", "schema 0"},
+        {"[]", "My Draft: "}, {R"({"schema": "8"})", "My Draft: "}, {R"({"schema": 8,)", "My Draft: "},
         {testing::draftJSON(testing::canvasMedia, ""), "A draft needs at least one media and one section"}};
-    for (const auto& [json, reason] : cases) {
+    for (const auto& [json, words] : cases) {
         writeText(package / "draft.json", json);
-        EXPECT_NE(unreadableText(package).find(reason), std::string::npos) << json;
+        const std::string text = refusal(package);
+        EXPECT_NE(text.find(words), std::string::npos) << json << ": " << text;
+        // An unreadable draft is named, and a reason follows.
+        EXPECT_TRUE(text.rfind("schema ", 0) == 0 || (text.rfind("My Draft: ", 0) == 0 && text.size() > 10)) << text;
     }
-    // As large as the cap allows and one byte more, but sparse: refused before it is read.
-    std::filesystem::resize_file(package / "draft.json", FileDraftStore::maximumDraftBytes + 1);
-    EXPECT_EQ(unreadableText(package), "My Draft: " + L10n::format("drafts.files.tooLarge", {"draft.json"}));
-    std::filesystem::create_directories(folder / "Folder.ovikwork/draft.json");
-    (void)unreadableText(folder / "Missing.ovikwork/", "Missing");
-    (void)unreadableText(folder / "Folder.ovikwork", "Folder");
+    // As large as the cap allows and a byte more, but sparse: refused before it is read.
+    fs::resize_file(package / "draft.json", FileDraftStore::maximumDraftBytes + 1);
+    EXPECT_EQ(refusal(package), "My Draft: " + L10n::format("drafts.files.tooLarge", {"draft.json"}));
+    EXPECT_EQ(refusal(folder / "Missing.ovikwork/").rfind("Missing: ", 0), 0u);
 }
 
 TEST_F(FileDraftStoreTest, AFailedWriteLeavesTheOldFileAndNoTemporary) {
     writeText(package / "draft.json", "old");
     Draft unwritable = decodeJSON<Draft>(std::string_view(testing::draftJSON()));
     unwritable.layout.gap = std::numeric_limits<double>::infinity();
-    const std::pair<Draft, std::filesystem::path> cases[] = {{unwritable, package}, {Draft{}, folder / "Missing.ovikwork"}};
-    for (const auto& [draft, at] : cases) {
+    try {
+        FileDraftStore::writeDraft(unwritable, package);
+        ADD_FAILURE();
+    } catch (const DraftStoreFailure& failure) {
+        EXPECT_TRUE(failure.error().is<DraftStoreError::writeFailed>());
+    }
+    EXPECT_EQ(readText(package / "draft.json"), "old");
+    EXPECT_EQ(tree(folder), (std::set<std::string>{"My Draft.ovikwork", "My Draft.ovikwork/draft.json"}));
+}
+
+TEST_F(FileDraftStoreTest, OutputFoldersAreMadeWithTheirParentsButNeverAPackage) {
+    DraftPackage::createOutputDirectory(folder / "My Draft.ovikwork/renders/a/b/");
+    writeText(folder / "file", "x");
+    const auto made = tree(folder);
+    EXPECT_TRUE(made.contains("My Draft.ovikwork/renders/a/b"));
+    const std::pair<const char*, int> refused[] = {
+        {"a/b.ovikwork/c", ENOENT}, {"x/Missing.OVIKWORK/renders/k", ENOENT}, {"New.ovikwork/", ENOENT}, {"file/in", EEXIST}};
+    for (const auto& [path, code] : refused) {
         try {
-            FileDraftStore::writeDraft(draft, at);
-            ADD_FAILURE() << at;
-        } catch (const DraftStoreFailure& failure) {
-            EXPECT_TRUE(failure.error().is<DraftStoreError::writeFailed>()) << at;
-            EXPECT_EQ(storeError(failure), failure.error()); // a store failure passes unchanged
+            DraftPackage::createOutputDirectory(folder / path);
+            ADD_FAILURE() << path;
+        } catch (const PosixError& error) {
+            EXPECT_EQ(error.code(), code) << path;
         }
-        EXPECT_EQ(tree(folder), (std::set<std::string>{"My Draft.ovikwork", "My Draft.ovikwork/draft.json"}));
+        EXPECT_EQ(tree(folder), made) << path;
     }
 }
 

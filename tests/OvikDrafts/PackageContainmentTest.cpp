@@ -7,7 +7,7 @@
 #include "OvikDrafts/FileDraftStore.h"
 #include "OvikDrafts/PackageCases.h"
 #include "OvikL10n/L10n.h"
-#include "OvikModel/objects/AnnotationDefaults.h"
+#include "OvikModel/draft/DraftSamples.h"
 #include "OvikPlatform/files/TemporaryFolder.h"
 
 namespace ovik {
@@ -39,39 +39,18 @@ TEST_F(PackageContainmentTest, OpeningHoldsTheDraftFileAndEveryPathInside) {
     ::alarm(0);
 }
 
-// An effect stack of one look table.
-EffectStack lutStack(const std::string& digest) {
-    return decodeJSON<EffectStack>(
-        std::string_view(R"({"entries":[{"primitive":"lut","params":[{"name":"name","value":{"text":"Warm"}},)"
-                         R"({"name":"sha256","value":{"text":")" + digest + R"("}}]}]})"));
-}
-
+// The stored draft's media are a movie, a recording with its events, a picture, a canvas and a
+// screenshot; its fonts are written "old" before "dd44".
 TEST(DraftPaths, MediaThenPicturesThenFontsThenLookTables) {
-    Draft draft;
-    Media shot, recording;
-    shot.source = MediaSource::makeScreenshot(Screenshot{PackagePath{"media/shot.png"}, PixelSize{4, 3}, 1, "sRGB", {}, {}});
-    Recording recorded;
-    for (const char* movie : {"media/segment-002.mov", "media/segment-001.mov"}) recorded.segments.emplace_back().movie.relative = movie;
-    recorded.events = PackagePath{"events/events.json"};
-    recording.source = MediaSource::makeRecording(recorded);
-    draft.media = CowList<Media>{recording, shot};
-    DraftFont a, b;
-    a.file.relative = "fonts/a.otf";
-    b.file.relative = "fonts/b.otf";
-    draft.fonts = CowList<DraftFont>{b, a};
-    ObjectNode sticker;
-    sticker.content = ObjectContent::makeAnnotation(
-        AnnotationDefaults::standard().sticker(CGRect{{0, 0}, {10, 10}}, PackagePath{"assets/X/s.png"}));
-    sticker.effects = lutStack("bb");
-    ObjectNode group;
-    group.content = ObjectContent::makeGroup({sticker});
-    draft.objects = CowList<ObjectNode>{group};
-    draft.style.look = lutStack("aa");
+    Draft draft = decodeJSON<Draft>(std::string_view(testing::richDraftText()));
+    draft.style.look = decodeJSON<EffectStack>(std::string_view(
+        R"({"entries":[{"primitive":"lut","params":[{"name":"sha256","value":{"text":"cc"}}]}]})"));
+    draft.style.background = Background{{}, Background::image{PackagePath{"assets/A/back.png"}}};
     std::vector<std::string> texts;
     for (const PackagePath& path : draftPaths(draft)) texts.push_back(path.relative);
-    EXPECT_EQ(texts, (std::vector<std::string>{"media/segment-002.mov", "media/segment-001.mov", "events/events.json",
-                                               "media/shot.png", "assets/X/s.png", "fonts/a.otf", "fonts/b.otf",
-                                               "luts/aa.cube", "luts/bb.cube"}));
+    EXPECT_EQ(texts, (std::vector<std::string>{"media/segment-001.mov", "media/segment-001.mov", "media/segment-002.mov",
+                                               "events/events.json", "media/aa11.png", "media/screenshot.png", "assets/A/back.png",
+                                               "fonts/dd44.otf", "fonts/old.otf", "luts/cc.cube"}));
 }
 
 } // namespace
