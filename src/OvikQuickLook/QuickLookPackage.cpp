@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "OvikDrafts/DraftPaths.h"
 #include "OvikDrafts/FileDraftStore.h"
 #include "OvikPlatform/files/ResolvedPath.h"
 #include "OvikQuickLook/QuickLookError.h"
@@ -77,7 +76,5 @@ std::optional<std::filesystem::path> QuickLookPackage::render(const RenderKey& k
     }
     return std::nullopt;
 }
-
-std::vector<PackagePath> QuickLookPackage::paths(const Draft& draft) { return draftPaths(draft); }
 
 } // namespace ovik

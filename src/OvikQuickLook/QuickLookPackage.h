@@ -6,10 +6,8 @@
 #include <filesystem>
 #include <optional>
 #include <string>
-#include <vector>
 
 #include "OvikModel/DraftDocument.h"
-#include "OvikModel/PackagePath.h"
 #include "OvikModel/keys/RenderKey.h"
 
 namespace ovik {
@@ -27,9 +25,6 @@ struct QuickLookPackage {
     /// exactly that file name: not hidden, not empty, and inside the package.
     std::optional<std::filesystem::path> render(const RenderKey& key, std::string_view fileExtension,
                                                 const std::optional<std::string>& fileName) const;
-
-    /// Every file the draft refers to, as the store lists them (`draftPaths`).
-    static std::vector<PackagePath> paths(const Draft& draft);
 
     /// Whether `url`, standardized and resolved, lies below the already resolved `root`: its
     /// text begins with the root's text and "/", so the folder itself is not inside.
