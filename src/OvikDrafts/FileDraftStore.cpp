@@ -3,19 +3,18 @@
 #include <optional>
 
 #include "OvikDrafts/DraftPackage.h"
+#include "OvikDrafts/DraftPaths.h"
 #include "OvikDrafts/DraftStoreError.h"
 #include "OvikDrafts/LocalizedDescription.h"
 #include "OvikModel/DraftJSON.h"
 #include "OvikModel/SchemaProbe.h"
 #include "OvikPlatform/files/AtomicFile.h"
+#include "OvikPlatform/files/PosixError.h"
 #include "OvikPlatform/files/ReadFile.h"
+#include "OvikPlatform/files/ResolvedPath.h"
 
 namespace ovik {
 namespace {
-
-std::filesystem::path draftFile(const std::filesystem::path& package) {
-    return package / DraftPackage::draftFileName;
-}
 
 // The package's name without its extension, also when the path ends in "/".
 std::string packageName(const std::filesystem::path& package) {
@@ -26,6 +25,24 @@ std::string packageName(const std::filesystem::path& package) {
 
 [[noreturn]] void throwUnreadable(const std::filesystem::path& package, const std::exception& error) {
     throw DraftStoreFailure(DraftStoreError::unreadable{packageName(package) + ": " + localizedDescription(error)});
+}
+
+std::filesystem::path resolvedRoot(const std::filesystem::path& package) {
+    try {
+        return resolvedPath(package);
+    } catch (const PosixError& error) {
+        throwUnreadable(package, error);
+    }
+}
+
+// A folder that can't be examined on the way (a loop of links) makes the package unreadable.
+std::filesystem::path contained(const std::filesystem::path& package, const std::filesystem::path& root,
+                                const PackagePath& path, PackageContainment::Test inside) {
+    try {
+        return PackageContainment::resolve(root, path, inside);
+    } catch (const PosixError& error) {
+        throwUnreadable(package, error);
+    }
 }
 
 // A file that is no JSON object, or lacks a whole-number `schema`, is left for the draft's
@@ -48,15 +65,7 @@ JSONDocument parsed(std::string_view bytes, const std::filesystem::path& package
     }
 }
 
-} // namespace
-
-Draft FileDraftStore::readDraft(const std::filesystem::path& package) {
-    std::string bytes;
-    try {
-        bytes = readFile(draftFile(package));
-    } catch (const std::exception& error) {
-        throwUnreadable(package, error);
-    }
+Draft decodedDraft(std::string_view bytes, const std::filesystem::path& package) {
     const JSONDocument document = parsed(bytes, package);
     if (const auto schema = probedSchema(document.root()); schema && *schema != Draft::currentSchema)
         throw DraftStoreFailure(DraftStoreError::unsupportedSchema{*schema});
@@ -67,9 +76,35 @@ Draft FileDraftStore::readDraft(const std::filesystem::path& package) {
     }
 }
 
+// The draft file is held inside the package like any file the draft names.
+Draft draftIn(const std::filesystem::path& package, const std::filesystem::path& root, PackageContainment::Test inside) {
+    const std::filesystem::path file =
+        contained(package, root, PackagePath{std::string(DraftPackage::draftFileName)}, inside);
+    std::string bytes;
+    try {
+        bytes = readFile(file, FileDraftStore::maximumDraftBytes);
+    } catch (const std::exception& error) {
+        throwUnreadable(package, error);
+    }
+    return decodedDraft(bytes, package);
+}
+
+} // namespace
+
+Draft FileDraftStore::readDraft(const std::filesystem::path& package, PackageContainment::Test inside) {
+    return draftIn(package, resolvedRoot(package), inside);
+}
+
+DraftDocument FileDraftStore::open(const std::filesystem::path& package, PackageContainment::Test inside) {
+    const std::filesystem::path root = resolvedRoot(package);
+    Draft draft = draftIn(package, root, inside);
+    for (const PackagePath& path : draftPaths(draft)) contained(package, root, path, inside);
+    return DraftDocument{std::move(draft), root};
+}
+
 void FileDraftStore::writeDraft(const Draft& draft, const std::filesystem::path& package) {
     try {
-        AtomicFile::write(DraftJSON::encode(draft, true), draftFile(package));
+        AtomicFile::write(DraftJSON::encode(draft, true), package / DraftPackage::draftFileName);
     } catch (const std::exception& error) {
         throw DraftStoreFailure(storeError(error));
     }

@@ -45,6 +45,8 @@ std::string_view fileMessageKey(int code) {
     case ENOSPC:
     case EDQUOT: return "drafts.files.noSpace";
     case EROFS: return "drafts.files.readOnly";
+    case ENXIO: return "drafts.files.notAFile";
+    case EFBIG: return "drafts.files.tooLarge";
     default: return "drafts.files.failed";
     }
 }

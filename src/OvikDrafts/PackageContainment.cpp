@@ -9,16 +9,7 @@ namespace ovik {
 namespace {
 
 std::string_view messageKey(PackagePathError::Reason reason) {
-    switch (reason) {
-    case PackagePathError::Reason::absolute: return "drafts.path.absolute";
-    case PackagePathError::Reason::parentStep: return "drafts.path.parentStep";
-    case PackagePathError::Reason::outside: return "drafts.path.outside";
-    }
-    return "drafts.path.outside";
-}
-
-bool hasParentStep(const std::filesystem::path& path) {
-    return std::any_of(path.begin(), path.end(), [](const std::filesystem::path& c) { return c == ".."; });
+    return reason == PackagePathError::Reason::absolute ? "drafts.path.absolute" : "drafts.path.outside";
 }
 
 } // namespace
@@ -28,20 +19,18 @@ PackagePathError::PackagePathError(Reason reason, PackagePath path)
 
 namespace PackageContainment {
 
-std::filesystem::path resolve(const std::filesystem::path& root, const PackagePath& path) {
-    const std::filesystem::path relative(path.relative);
-    if (relative.has_root_directory()) throw PackagePathError(PackagePathError::Reason::absolute, path);
-    if (hasParentStep(relative)) throw PackagePathError(PackagePathError::Reason::parentStep, path);
-    const std::filesystem::path resolvedRoot = resolvedPath(root);
-    std::filesystem::path candidate = resolvedPath(resolvedRoot / relative);
-    if (!isInside(candidate, resolvedRoot)) throw PackagePathError(PackagePathError::Reason::outside, path);
-    return candidate;
-}
-
 bool isInside(const std::filesystem::path& candidate, const std::filesystem::path& root) {
     const auto rootLength = std::distance(root.begin(), root.end());
     const auto candidateLength = std::distance(candidate.begin(), candidate.end());
     return candidateLength > rootLength && std::equal(root.begin(), root.end(), candidate.begin());
+}
+
+std::filesystem::path resolve(const std::filesystem::path& root, const PackagePath& path, Test inside) {
+    const std::filesystem::path relative(path.relative);
+    if (relative.has_root_directory()) throw PackagePathError(PackagePathError::Reason::absolute, path);
+    std::filesystem::path candidate = resolvedPath(root / relative);
+    if (!inside(candidate, root)) throw PackagePathError(PackagePathError::Reason::outside, path);
+    return candidate;
 }
 
 } // namespace PackageContainment

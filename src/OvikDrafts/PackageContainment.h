@@ -1,7 +1,8 @@
 #pragma once
-// Where a package path really leads, refused when it leaves its package. Both the root and
-// the candidate are resolved (links followed, also dangling ones) before they are compared
-// by components, so neither "..", nor an absolute path, nor a link can reach outside.
+// Where a package path really leads, refused when it leaves its package. The candidate is
+// resolved (links followed, also dangling ones, and ".." taken where the kernel takes it)
+// before it is compared with the resolved root, so a ".." may wander inside the package but
+// neither it, nor an absolute path, nor a link can reach outside.
 #include <filesystem>
 
 #include "OvikModel/PackagePath.h"
@@ -11,7 +12,7 @@ namespace ovik {
 
 class PackagePathError : public Error {
 public:
-    enum class Reason { absolute, parentStep, outside };
+    enum class Reason { absolute, outside };
 
     PackagePathError(Reason reason, PackagePath path);
 
@@ -25,14 +26,16 @@ private:
 
 namespace PackageContainment {
 
-/// The real location of `path` in the package at `root`; the file need not exist. Throws
-/// `PackagePathError` for a path that is absolute, has a ".." component, or leads (through a
-/// link) to the root itself or outside it; `PosixError` when a component can't be examined.
-std::filesystem::path resolve(const std::filesystem::path& root, const PackagePath& path);
+/// Whether the resolved `candidate` lies below the resolved `root`, the root itself not.
+using Test = bool (*)(const std::filesystem::path& candidate, const std::filesystem::path& root);
 
-/// Whether the components of `root` are a proper prefix of those of `candidate`; both must
-/// be resolved already.
+/// The store's test: the components of `root` are a proper prefix of those of `candidate`.
 bool isInside(const std::filesystem::path& candidate, const std::filesystem::path& root);
+
+/// The real location of `path` in the package at the resolved `root`; the file need not
+/// exist. Throws `PackagePathError` for an absolute path or one that `inside` refuses;
+/// `PosixError` when a component can't be examined.
+std::filesystem::path resolve(const std::filesystem::path& root, const PackagePath& path, Test inside = isInside);
 
 } // namespace PackageContainment
 } // namespace ovik

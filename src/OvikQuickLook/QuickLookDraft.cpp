@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "OvikCompositor/CanvasLayout.h"
 #include "OvikCompositor/LiveRendering.h"
 #include "OvikModel/keys/BuiltInFormats.h"
 #include "OvikModel/keys/DraftRenderKey.h"
@@ -22,6 +23,14 @@ std::optional<std::filesystem::path> keptThumbnail(const QuickLookPackage& packa
 }
 
 Thumbnail fileAnswer(std::filesystem::path url) { return Thumbnail{{}, Thumbnail::file{std::move(url)}}; }
+
+// A composed preview is shown in the capture's points; the layout's scale is never below or at
+// 0 (a scale that is not positive counts as 1).
+CGSize points(const ImageBox& image, const Draft& draft) {
+    const double scale = CanvasLayout::make(draft).sourceScale;
+    const PixelSize size = image.pixelSize();
+    return {double(size.width) / scale, double(size.height) / scale};
+}
 
 } // namespace
 
@@ -59,8 +68,7 @@ Preview preview(const std::filesystem::path& url, std::int64_t maxPixel) {
     }
     try {
         const ImageBox image = composeStill(package.document, maxPixel);
-        const PixelSize size = image.pixelSize();
-        return Preview{{}, Preview::picture{image, {double(size.width), double(size.height)}}};
+        return Preview{{}, Preview::picture{image, points(image, draft)}};
     } catch (const std::exception&) {
         throw QuickLookFailure();
     }

@@ -1,11 +1,8 @@
 #include "OvikQuickLook/QuickLookPackage.h"
 
 #include <algorithm>
-#include <set>
 
-#include "OvikModel/draft/LUTFiles.h"
-#include "OvikModel/draft/PicturePaths.h"
-#include "OvikPlatform/files/ReadFile.h"
+#include "OvikDrafts/FileDraftStore.h"
 #include "OvikPlatform/files/ResolvedPath.h"
 #include "OvikQuickLook/QuickLookError.h"
 
@@ -20,28 +17,11 @@ std::string resolvedText(const std::filesystem::path& url) {
     }
 }
 
-void appendMediaPaths(const Draft& draft, std::vector<PackagePath>& out) {
-    for (const Media& media : draft.media) {
-        if (const auto* shot = std::get_if<MediaSource::screenshot>(&media.source.cases)) {
-            out.push_back(shot->value.image);
-        } else if (const auto* recording = std::get_if<MediaSource::recording>(&media.source.cases)) {
-            for (const Segment& segment : recording->value.segments) out.push_back(segment.movie);
-            if (recording->value.events) out.push_back(*recording->value.events);
-        }
-    }
-}
-
-// Pictures and other files of the object tree and the style, each once, in text order.
-void appendPicturePaths(const Draft& draft, std::vector<PackagePath>& out) {
-    const std::set<PackagePath> paths = picturePaths(draft);
-    out.insert(out.end(), paths.begin(), paths.end());
-}
-
-void appendFontPaths(const Draft& draft, std::vector<PackagePath>& out) {
-    std::vector<PackagePath> fonts;
-    for (const DraftFont& font : draft.fonts) fonts.push_back(font.file);
-    std::sort(fonts.begin(), fonts.end(), [](const auto& a, const auto& b) { return a.relative < b.relative; });
-    out.insert(out.end(), fonts.begin(), fonts.end());
+// The test by text, on a candidate already resolved.
+bool startsBelow(const std::filesystem::path& candidate, const std::filesystem::path& root) {
+    std::string prefix = root.string();
+    if (prefix.empty() || prefix.back() != '/') prefix += '/';
+    return candidate.string().rfind(prefix, 0) == 0;
 }
 
 bool isNonEmptyFile(const std::filesystem::path& path) {
@@ -69,27 +49,18 @@ std::vector<std::string> sortedNames(const std::filesystem::path& folder) {
 } // namespace
 
 bool QuickLookPackage::isInside(const std::filesystem::path& url, const std::filesystem::path& root) {
-    std::string prefix = root.string();
-    if (prefix.empty() || prefix.back() != '/') prefix += '/';
-    return resolvedText(url).rfind(prefix, 0) == 0;
+    const std::string resolved = resolvedText(url);
+    return !resolved.empty() && startsBelow(resolved, root);
 }
 
 QuickLookPackage QuickLookPackage::open(const std::filesystem::path& url) {
-    const std::string rootText = resolvedText(std::filesystem::absolute(url));
-    std::error_code error;
-    if (rootText.empty() || !std::filesystem::is_directory(rootText, error)) throw QuickLookFailure();
-    const std::filesystem::path root(rootText);
-    const std::filesystem::path file = root / "draft.json";
-    if (!isInside(file, root)) throw QuickLookFailure();
-    Draft draft;
     try {
-        draft = decodeJSON<Draft>(std::string_view(readFile(file)));
+        // A root that is no folder has no draft file to read.
+        DraftDocument document = FileDraftStore::open(url, startsBelow);
+        return QuickLookPackage{document.packageURL, std::move(document)};
     } catch (const std::exception&) {
         throw QuickLookFailure();
     }
-    for (const PackagePath& path : paths(draft))
-        if (!isInside(root / path.relative, root)) throw QuickLookFailure();
-    return QuickLookPackage{root, DraftDocument{std::move(draft), root}};
 }
 
 std::optional<std::filesystem::path> QuickLookPackage::render(const RenderKey& key, std::string_view fileExtension,
@@ -104,16 +75,6 @@ std::optional<std::filesystem::path> QuickLookPackage::render(const RenderKey& k
         if (isInside(candidate, root) && isNonEmptyFile(candidate)) return candidate;
     }
     return std::nullopt;
-}
-
-std::vector<PackagePath> QuickLookPackage::paths(const Draft& draft) {
-    std::vector<PackagePath> out;
-    appendMediaPaths(draft, out);
-    appendPicturePaths(draft, out);
-    appendFontPaths(draft, out);
-    const std::vector<PackagePath> luts = lutFiles(draft);
-    out.insert(out.end(), luts.begin(), luts.end());
-    return out;
 }
 
 } // namespace ovik

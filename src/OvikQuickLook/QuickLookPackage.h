@@ -1,14 +1,13 @@
 #pragma once
-// A package opened for a thumbnail: its resolved root and its decoded draft. Opening refuses a
-// package whose draft file, or any file its draft refers to, leads outside the package
-// (through "..", an absolute path or a link); the files themselves need not exist.
+// A package opened for a thumbnail: its resolved root and its decoded draft. It opens the way
+// the store does, with this path's own containment test by text: a package whose draft file,
+// or any file its draft refers to, leads outside (through "..", an absolute path or a link) is
+// refused; the files themselves need not exist.
 #include <filesystem>
 #include <optional>
 #include <string>
-#include <vector>
 
 #include "OvikModel/DraftDocument.h"
-#include "OvikModel/PackagePath.h"
 #include "OvikModel/keys/RenderKey.h"
 
 namespace ovik {
@@ -27,11 +26,8 @@ struct QuickLookPackage {
     std::optional<std::filesystem::path> render(const RenderKey& key, std::string_view fileExtension,
                                                 const std::optional<std::string>& fileName) const;
 
-    /// Every file the draft refers to: media files, then pictures and other files of objects
-    /// and style, then fonts.
-    static std::vector<PackagePath> paths(const Draft& draft);
-
-    /// Whether `url`, standardized and resolved, lies below the already resolved `root`.
+    /// Whether `url`, standardized and resolved, lies below the already resolved `root`: its
+    /// text begins with the root's text and "/", so the folder itself is not inside.
     static bool isInside(const std::filesystem::path& url, const std::filesystem::path& root);
 };
 

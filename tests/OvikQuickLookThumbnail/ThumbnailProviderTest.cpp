@@ -1,8 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
-#include <condition_variable>
-#include <mutex>
+#include <future>
 #include <thread>
 
 #include "OvikQuickLook/QuickLookError.h"
@@ -22,6 +21,8 @@ TEST(ThumbnailProvider, MaxPixelIsTheLongerSideTimesTheScaleRoundedUp) {
     for (const Case& c : cases) EXPECT_EQ(ThumbnailProvider::maxPixel({{}, c.size, c.scale}), c.maxPixel) << c.size.width;
 }
 
+// Each side is rounded to nearest with halves away from zero: 2.5 gives 3 (not 2 by floor or
+// by halves to even), 3.5 gives 4 (not 3 by floor), 1.25 gives 1 (not 2 by ceiling).
 TEST(ThumbnailProvider, ContextFitsTheImageIntoTheBoxKeepingItsAspect) {
     struct Case {
         PixelSize image;
@@ -29,35 +30,27 @@ TEST(ThumbnailProvider, ContextFitsTheImageIntoTheBoxKeepingItsAspect) {
         CGSize context;
     };
     const Case cases[] = {
-        {{1600, 900}, {400, 400}, {400, 225}},
-        {{100, 50}, {400, 400}, {400, 200}}, // scaled up
-        {{1, 1000}, {300, 300}, {1, 300}},   // never below 1
-        {{0, 0}, {64, 32}, {32, 32}},        // an empty image counts as 1 by 1
-        {{3, 2}, {5, 5}, {5, 3}},            // 3.33 rounds to 3
+        {{1600, 900}, {400, 400}, {400, 225}}, {{100, 50}, {400, 400}, {400, 200}}, // the second scaled up
+        {{1, 1000}, {300, 300}, {1, 300}},     {{0, 0}, {64, 32}, {32, 32}},        // never below 1
+        {{8, 5}, {4, 10}, {4, 3}},             {{8, 7}, {4, 10}, {4, 4}},
+        {{4, 5}, {1, 100}, {1, 1}},
     };
-    for (const Case& c : cases) EXPECT_EQ(ThumbnailProvider::contextSize(c.image, c.box), c.context) << c.image.width;
+    for (const Case& c : cases) EXPECT_EQ(ThumbnailProvider::contextSize(c.image, c.box), c.context) << c.image.height;
 }
 
 TEST(ThumbnailProvider, AnswersExactlyOnceFromAnotherThread) {
-    std::mutex lock;
-    std::condition_variable done;
-    int calls = 0;
-    std::thread::id caller = std::this_thread::get_id(), answerer;
-    std::exception_ptr error;
+    std::atomic<int> calls = 0;
+    std::promise<std::pair<std::thread::id, std::exception_ptr>> answered;
     ThumbnailProvider().provideThumbnail({"/nonexistent/x.ovikwork", {128, 128}, 1},
-                                         [&](std::optional<ThumbnailReply> reply, std::exception_ptr e) {
-                                             std::lock_guard guard(lock);
-                                             ++calls;
-                                             answerer = std::this_thread::get_id();
-                                             error = reply ? nullptr : e;
-                                             done.notify_all();
+                                         [&](std::optional<ThumbnailReply> reply, std::exception_ptr error) {
+                                             if (calls++ == 0) answered.set_value({std::this_thread::get_id(), reply ? nullptr : error});
                                          });
-    std::unique_lock guard(lock);
-    ASSERT_TRUE(done.wait_for(guard, std::chrono::seconds(10), [&] { return calls > 0; }));
-    guard.unlock();
+    auto future = answered.get_future();
+    ASSERT_EQ(future.wait_for(std::chrono::seconds(10)), std::future_status::ready);
+    const auto [thread, error] = future.get();
     std::this_thread::sleep_for(std::chrono::milliseconds(50));
     EXPECT_EQ(calls, 1);
-    EXPECT_NE(answerer, caller);
+    EXPECT_NE(thread, std::this_thread::get_id());
     ASSERT_TRUE(error);
     EXPECT_THROW(std::rethrow_exception(error), QuickLookFailure);
 }

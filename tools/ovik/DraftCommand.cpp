@@ -5,45 +5,38 @@
 #include <string>
 
 #include "Command.h"
+#include "OvikDrafts/DraftPaths.h"
 #include "OvikDrafts/FileDraftStore.h"
-#include "OvikDrafts/PackageContainment.h"
 #include "OvikL10n/L10n.h"
 #include "OvikModel/DraftJSON.h"
 #include "OvikModel/keys/DraftRenderKey.h"
 #include "OvikPlatform/codecs/PNGCodec.h"
 #include "OvikPlatform/files/ReadFile.h"
-#include "OvikPlatform/files/ResolvedPath.h"
 #include "OvikQuickLook/QuickLookDraft.h"
 #include "OvikQuickLook/QuickLookPackage.h"
 
 namespace ovik::cli {
 namespace {
 
-// Every file the draft names must stay inside the package; the files need not exist.
-void checkPaths(const Draft& draft, const std::filesystem::path& package) {
-    const std::filesystem::path root = resolvedPath(std::filesystem::absolute(package));
-    for (const PackagePath& path : QuickLookPackage::paths(draft)) PackageContainment::resolve(root, path);
-}
-
-// A kept thumbnail that matches the draft's key must be a whole PNG, or hosts can't show it.
-void checkKeptThumbnails(const Draft& draft, const std::filesystem::path& package) {
+// A kept thumbnail that a host would be answered with must be a whole PNG, or it can't show it.
+void checkKeptThumbnails(const QuickLookPackage& package) {
     for (std::int64_t size : QuickLookDraft::keptThumbnailPixels) {
-        const std::filesystem::path file = package / "renders" / thumbnailKey(draft, size).rawValue /
-                                           RenderKey::thumbnailFileName(size);
-        std::error_code error;
-        if (!std::filesystem::exists(file, error)) continue;
+        const auto file =
+            package.render(thumbnailKey(package.document.draft, size), "png", RenderKey::thumbnailFileName(size));
+        if (!file) continue;
         try {
-            PNGCodec::decode(readFile(file));
+            PNGCodec::decode(readFile(*file));
         } catch (const Error& failure) {
-            throw Error(L10n::format("cli.draft.badKeptRender", {file.string(), failure.what()}));
+            throw Error(L10n::format("cli.draft.badKeptRender", {file->string(), failure.what()}));
         }
     }
 }
 
+// Opening holds every file the draft names inside the package, as a thumbnail's does; the files
+// need not exist.
 void check(const std::string& package) {
-    const Draft draft = FileDraftStore::readDraft(package);
-    checkPaths(draft, package);
-    checkKeptThumbnails(draft, package);
+    DraftDocument document = FileDraftStore::open(package);
+    checkKeptThumbnails(QuickLookPackage{document.packageURL, std::move(document)});
     std::printf("%s\n", L10n::format("cli.draft.fine", {package}).c_str());
 }
 
@@ -55,7 +48,7 @@ void format(const std::string& package) {
 }
 
 void paths(const std::string& package) {
-    for (const PackagePath& path : QuickLookPackage::paths(FileDraftStore::readDraft(package)))
+    for (const PackagePath& path : draftPaths(FileDraftStore::readDraft(package)))
         std::printf("%s\n", path.relative.c_str());
 }
 

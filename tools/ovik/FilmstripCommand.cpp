@@ -8,10 +8,10 @@
 
 #include "Command.h"
 #include "OvikCompositor/LiveRendering.h"
+#include "OvikDrafts/FileDraftStore.h"
 #include "OvikL10n/L10n.h"
 #include "OvikPlatform/codecs/PNGCodec.h"
 #include "OvikPlatform/files/AtomicFile.h"
-#include "PackageDocument.h"
 
 namespace ovik::cli {
 namespace {
@@ -43,7 +43,7 @@ CGImage joined(const std::vector<ImageBox>& pictures) {
 }
 
 void run(const FilmstripOptions& options) {
-    const DraftDocument document = packageDocument(options.package);
+    const DraftDocument document = FileDraftStore::open(options.package);
     const CGImage strip = joined(LiveRendering::shared().filmstrip(document, options.count, options.height));
     AtomicFile::write(PNGCodec::encode(strip), options.output);
     const std::string size = std::to_string(strip.width()) + " × " + std::to_string(strip.height());

@@ -7,10 +7,10 @@
 
 #include "Command.h"
 #include "OvikCompositor/LiveRendering.h"
+#include "OvikDrafts/FileDraftStore.h"
 #include "OvikL10n/L10n.h"
 #include "OvikPlatform/codecs/PNGCodec.h"
 #include "OvikPlatform/files/AtomicFile.h"
-#include "PackageDocument.h"
 
 namespace ovik::cli {
 namespace {
@@ -23,7 +23,7 @@ struct RenderOptions {
 };
 
 void run(const RenderOptions& options) {
-    const DraftDocument document = packageDocument(options.package);
+    const DraftDocument document = FileDraftStore::open(options.package);
     const std::optional<OutputTime> at = options.at ? std::optional(OutputTime{*options.at}) : std::nullopt;
     const ImageBox still = LiveRendering::shared().still(document, at, options.size);
     AtomicFile::write(PNGCodec::encode(*still.cgImage), options.output);
