@@ -422,8 +422,12 @@ struct TaggedCase {
     /// Decodes the payload under the case's key; a bare string has none to give.
     template <class U>
     U value() const {
+        return decoded<JSONCoding<U>>();
+    }
+    template <class Coder>
+    auto decoded() const {
         JSONNode payload = requirePayload();
-        return JSONCoding<U>::decode(payload, codingPath.appending(name));
+        return Coder::decode(payload, codingPath.appending(name));
     }
 
 private:
@@ -439,9 +443,34 @@ constexpr bool caseHasRecordPayload = JSONRecord<Case>;
 template <class Case>
 constexpr bool caseHasValuePayload = !JSONRecord<Case> && requires(Case c) { c.value; };
 
+// A payload of one value is that value itself under the case's key: {"steps": 4}. A case whose
+// stored form is an object naming its one field declares `namedPayload`.
+template <class Case>
+constexpr bool caseHasBarePayload() {
+    if constexpr (JSONRecord<Case>)
+        return std::tuple_size_v<decltype(Case::jsonFields())> == 1 && !requires { Case::namedPayload; };
+    else
+        return false;
+}
+
+template <class Case, class Coder, class Member, JSONPresence Presence>
+JSONValue encodeBare(const Case& c, const JSONField<Coder, Case, Member, Presence>& field) {
+    static_assert(Presence == JSONPresence::required, "a one-value payload is always written");
+    return Coder::encode(c.*field.member);
+}
+
+template <class Case, class Coder, class Member, JSONPresence Presence>
+Case decodeBare(const TaggedCase& tagged, const JSONField<Coder, Case, Member, Presence>& field) {
+    Case c{};
+    c.*field.member = tagged.decoded<Coder>();
+    return c;
+}
+
 template <class Case>
 JSONValue encodeCase(const Case& c) {
-    if constexpr (caseHasRecordPayload<Case>)
+    if constexpr (caseHasBarePayload<Case>())
+        return taggedValue(CaseKey{std::string(Case::name)}, encodeBare(c, std::get<0>(Case::jsonFields())));
+    else if constexpr (caseHasRecordPayload<Case>)
         return taggedValue(CaseKey{std::string(Case::name)}, JSONCoding<Case>::encode(c));
     else if constexpr (caseHasValuePayload<Case>)
         return taggedValue(CaseKey{std::string(Case::name)}, encodeJSON(c.value));
@@ -451,7 +480,9 @@ JSONValue encodeCase(const Case& c) {
 
 template <class Case>
 Case decodeCase(const TaggedCase& tagged) {
-    if constexpr (caseHasRecordPayload<Case>)
+    if constexpr (caseHasBarePayload<Case>())
+        return decodeBare<Case>(tagged, std::get<0>(Case::jsonFields()));
+    else if constexpr (caseHasRecordPayload<Case>)
         return tagged.value<Case>();
     else if constexpr (caseHasValuePayload<Case>)
         return Case{tagged.value<decltype(Case::value)>()};
