@@ -1,7 +1,7 @@
 #pragma once
 // How an action eases from its start to its end. Cases without payload are bare strings in
 // JSON ("smooth"); the others are one-key objects: {"spring":{"stiffness":200,"damping":10}},
-// {"steps":{"count":4}}, {"bezier":{"x1":…,"y1":…,"x2":…,"y2":…}}.
+// {"steps":4}, {"bezier":{"x1":…,"y1":…,"x2":…,"y2":…}}.
 #include <cstdint>
 
 #include "OvikPlatform/Enumeration.h"

@@ -1,7 +1,7 @@
 #pragma once
 // How an action's value moves. JSON: tagged, {"to": {"from": …, "to": …}},
 // {"oscillate": {"amplitude": …, "frequency": 2, "decay": 0}}, {"noise": {…, "seed": 7}},
-// {"continuous": {"rate": …}}, {"alongPath": {"path": …}}.
+// {"continuous": …} (its rate), {"alongPath": …} (its path).
 #include <cstdint>
 #include <optional>
 #include <string>

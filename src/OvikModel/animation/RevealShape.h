@@ -1,6 +1,6 @@
 #pragma once
 // How a reveal uncovers its object: a straight wipe at an angle, along a path with a width,
-// or a circle from the middle. JSON: tagged, {"wipe": {"angle": 90}}, {"path": {"path": …,
+// or a circle from the middle. JSON: tagged, {"wipe": 90}, {"path": {"path": …,
 // "width": 12}}, "circle".
 #include "OvikModel/objects/BezierPath.h"
 #include "OvikPlatform/Enumeration.h"

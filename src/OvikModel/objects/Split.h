@@ -33,6 +33,7 @@ struct SplitOrder : Enumeration<SplitOrder> {
     struct random {
         static constexpr std::string_view name = "random";
         std::uint64_t seed = 0;
+        static constexpr bool namedPayload = true; // stored as {"random": {"seed": n}}
         bool operator==(const random&) const = default;
         static constexpr auto jsonFields() { return std::tuple{required("seed", &random::seed)}; }
     };

@@ -1,6 +1,6 @@
 #pragma once
 // What a draft's source time runs on: a still of a given length, or a recording made of
-// segments. JSON form: tagged, {"still": 5000000} or {"recording": {"segments": [...]}}.
+// segments. JSON form: tagged, {"still": 5000000} or {"recording": [...]}.
 #include <variant>
 #include <vector>
 

@@ -16,6 +16,7 @@
 #include <array>
 #include <cmath>
 #include <cstdint>
+#include <exception>
 #include <limits>
 #include <map>
 #include <optional>
@@ -327,13 +328,18 @@ struct RecordCoding {
         json_detail::expect(node, JSONNode::Kind::object, path, "Dictionary<String, Any>");
         constexpr auto indices = std::make_index_sequence<std::tuple_size_v<decltype(T::jsonFields())>>{};
         // Most records decode in one pass, member by member as stored. One that pass can't take
-        // (a duplicate, a missing or bad field) is read again in declared order, the reference:
-        // it tells the first failing field's error and lets a later duplicate win.
+        // (a duplicate, a missing or bad field) is finished in declared order, so that the first
+        // failing declared field is told and a later duplicate wins. The finish never decodes a
+        // member twice: what the pass decoded from a winning member stays, and the member that
+        // failed gives its error again. So a bad leaf deep in a tree costs one decode per level.
+        std::size_t stop = 0;
         try {
-            if (decodeAsStored(record, node, path, indices)) return;
-        } catch (...) {
+            if (decodeAsStored(record, node, path, stop, indices)) return;
+        } catch (const DecodingError&) {
+            finishInDeclaredOrder(record, node, path, stop, std::current_exception(), indices);
+            return;
         }
-        record = decodeFields(node, path, indices);
+        finishInDeclaredOrder(record, node, path, stop, nullptr, indices);
     }
 
 private:
@@ -350,8 +356,11 @@ private:
         }
     }
 
+    // Decodes members as stored; `stop` counts the members passed, so that on a duplicate (an
+    // answer of false) or a thrown error it is the place of the member the pass stopped at.
     template <std::size_t... I>
-    static bool decodeAsStored(T& record, JSONNode node, const CodingPath& path, std::index_sequence<I...>) {
+    static bool decodeAsStored(T& record, JSONNode node, const CodingPath& path, std::size_t& stop,
+                               std::index_sequence<I...>) {
         static_assert(sizeof...(I) <= 64, "one bit a field");
         static constexpr auto fields = T::jsonFields();
         static constexpr auto keys = json_detail::KeyTable<sizeof...(I)>::of(std::get<I>(fields).key...);
@@ -360,28 +369,47 @@ private:
         std::uint64_t seen = 0;
         for (const auto member : node.members()) {
             const std::size_t at = keys.find(member.key);
-            if (at >= sizeof...(I)) continue;
-            const std::uint64_t bit = std::uint64_t(1) << at;
-            if (seen & bit) return false;
-            seen |= bit;
-            const std::optional<JSONNode> value = member.value;
-            ((I == at ? decodeField(record, value, path, std::get<I>(fields)) : void()), ...);
+            if (at < sizeof...(I)) {
+                const std::uint64_t bit = std::uint64_t(1) << at;
+                if (seen & bit) return false;
+                seen |= bit;
+                const std::optional<JSONNode> value = member.value;
+                ((I == at ? decodeField(record, value, path, std::get<I>(fields)) : void()), ...);
+            }
+            ++stop;
         }
         return (seen & required) == required;
     }
 
-    // One pass over the stored members finds every declared field (a later duplicate wins);
-    // the fields are then decoded in their declared order, so the first failing one is told.
+    // The fields in declared order, each from its last member. A field whose last member lies
+    // before `stop` was decoded from it by the pass and stays; the member at `stop` failed with
+    // `error` (when there is one); any other field is decoded afresh.
     template <std::size_t... I>
-    static T decodeFields(JSONNode node, const CodingPath& path, std::index_sequence<I...>) {
+    static void finishInDeclaredOrder(T& record, JSONNode node, const CodingPath& path, std::size_t stop,
+                                      const std::exception_ptr& error, std::index_sequence<I...>) {
         static constexpr auto fields = T::jsonFields();
         static constexpr auto keys = json_detail::KeyTable<sizeof...(I)>::of(std::get<I>(fields).key...);
         std::array<std::optional<JSONNode>, sizeof...(I)> found;
-        for (const auto member : node.members())
-            if (const std::size_t at = keys.find(member.key); at < sizeof...(I)) found[at] = member.value;
-        T record{};
-        (decodeField(record, found[I], path, std::get<I>(fields)), ...);
-        return record;
+        std::array<std::size_t, sizeof...(I)> place{};
+        std::size_t index = 0;
+        for (const auto member : node.members()) {
+            if (const std::size_t at = keys.find(member.key); at < sizeof...(I)) {
+                found[at] = member.value;
+                place[at] = index;
+            }
+            ++index;
+        }
+        (finishField(record, found[I], place[I], stop, error, path, std::get<I>(fields)), ...);
+    }
+
+    template <class Coder, class Member, JSONPresence Presence>
+    static void finishField(T& record, const std::optional<JSONNode>& value, std::size_t place, std::size_t stop,
+                            const std::exception_ptr& error, const CodingPath& path,
+                            const JSONField<Coder, T, Member, Presence>& field) {
+        if (value && place < stop) return;
+        if (value && place == stop && error) std::rethrow_exception(error);
+        record.*field.member = defaults().*field.member;
+        decodeField(record, value, path, field);
     }
 
     template <class Coder, class Member, JSONPresence Presence>
@@ -422,8 +450,12 @@ struct TaggedCase {
     /// Decodes the payload under the case's key; a bare string has none to give.
     template <class U>
     U value() const {
+        return decoded<JSONCoding<U>>();
+    }
+    template <class Coder>
+    auto decoded() const {
         JSONNode payload = requirePayload();
-        return JSONCoding<U>::decode(payload, codingPath.appending(name));
+        return Coder::decode(payload, codingPath.appending(name));
     }
 
 private:
@@ -439,9 +471,34 @@ constexpr bool caseHasRecordPayload = JSONRecord<Case>;
 template <class Case>
 constexpr bool caseHasValuePayload = !JSONRecord<Case> && requires(Case c) { c.value; };
 
+// A payload of one value is that value itself under the case's key: {"steps": 4}. A case whose
+// stored form is an object naming its one field declares `namedPayload`.
+template <class Case>
+constexpr bool caseHasBarePayload() {
+    if constexpr (JSONRecord<Case>)
+        return std::tuple_size_v<decltype(Case::jsonFields())> == 1 && !requires { Case::namedPayload; };
+    else
+        return false;
+}
+
+template <class Case, class Coder, class Member, JSONPresence Presence>
+JSONValue encodeBare(const Case& c, const JSONField<Coder, Case, Member, Presence>& field) {
+    static_assert(Presence == JSONPresence::required, "a one-value payload is always written");
+    return Coder::encode(c.*field.member);
+}
+
+template <class Case, class Coder, class Member, JSONPresence Presence>
+Case decodeBare(const TaggedCase& tagged, const JSONField<Coder, Case, Member, Presence>& field) {
+    Case c{};
+    c.*field.member = tagged.decoded<Coder>();
+    return c;
+}
+
 template <class Case>
 JSONValue encodeCase(const Case& c) {
-    if constexpr (caseHasRecordPayload<Case>)
+    if constexpr (caseHasBarePayload<Case>())
+        return taggedValue(CaseKey{std::string(Case::name)}, encodeBare(c, std::get<0>(Case::jsonFields())));
+    else if constexpr (caseHasRecordPayload<Case>)
         return taggedValue(CaseKey{std::string(Case::name)}, JSONCoding<Case>::encode(c));
     else if constexpr (caseHasValuePayload<Case>)
         return taggedValue(CaseKey{std::string(Case::name)}, encodeJSON(c.value));
@@ -451,7 +508,9 @@ JSONValue encodeCase(const Case& c) {
 
 template <class Case>
 Case decodeCase(const TaggedCase& tagged) {
-    if constexpr (caseHasRecordPayload<Case>)
+    if constexpr (caseHasBarePayload<Case>())
+        return decodeBare<Case>(tagged, std::get<0>(Case::jsonFields()));
+    else if constexpr (caseHasRecordPayload<Case>)
         return tagged.value<Case>();
     else if constexpr (caseHasValuePayload<Case>)
         return Case{tagged.value<decltype(Case::value)>()};

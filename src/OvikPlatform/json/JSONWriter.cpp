@@ -64,11 +64,12 @@ private:
         out += '}';
     }
 
-    // An empty container keeps a blank line in the pretty form, indented like its own line.
+    // An empty container keeps an empty line (no spaces) in the pretty form; its closing
+    // bracket stands at the indent of the line that opened it.
     void empty(char open, char close, int level) {
         out += open;
         if (options_.pretty) {
-            newline(level);
+            out += '\n';
             newline(level);
         }
         out += close;

@@ -20,8 +20,8 @@ TEST(ActionCurve, EaseAtChosenPoints) {
         {R"("overshoot")", 1, 1},        {R"("overshoot")", 0.5, 1 + 2.70158 * -0.125 + 1.70158 * 0.25},
         {R"("overshoot")", 7, 1},        {R"("smooth")", 0.25, 0.15625},
         {R"("continuous")", 0.25, 0.15625}, {R"("linear")", 0.3, 0.3},
-        {R"({"steps":{"count":4}})", 0.3, 0.25}, {R"({"steps":{"count":0}})", 0.99, 0},
-        {R"({"steps":{"count":4}})", 1, 1},  {R"({"spring":{}})", -0.5, 0},
+        {R"({"steps":4})", 0.3, 0.25}, {R"({"steps":0})", 0.99, 0},
+        {R"({"steps":4})", 1, 1}, {R"({"spring":{}})", -0.5, 0},
         // The CSS "ease" curve at its middle.
         {R"({"bezier":{"x1":0.25,"y1":0.1,"x2":0.25,"y2":1}})", 0.5, 0.8024033877399112},
     };
@@ -62,7 +62,7 @@ TEST(ActionCurve, SmoothAndLinearAreMonotone) {
 TEST(ActionCurve, JSONRoundTripsAndDefaults) {
     const ActionCurve spring = curve(R"({"spring":{}})");
     EXPECT_EQ(encodeJSON(spring).compact(), R"({"spring":{"damping":10,"stiffness":200}})");
-    for (const char* json : {R"("overshoot")", R"({"steps":{"count":3}})", R"({"bezier":{"x1":0,"x2":1,"y1":0.5,"y2":2}})"})
+    for (const char* json : {R"("overshoot")", R"({"steps":3})", R"({"bezier":{"x1":0,"x2":1,"y1":0.5,"y2":2}})"})
         EXPECT_EQ(encodeJSON(curve(json)).compact(), json);
 }
 

@@ -17,7 +17,7 @@ TEST(ActionJSON, CanonicalTextsRoundTrip) {
         R"({"curve":"linear","mode":{"to":{"to":{"number":0}}},"property":"opacity","range":"whole"})",
         R"({"curve":"smooth","mode":{"oscillate":{"amplitude":{"number":0.2},"decay":0,"frequency":2}},)"
         R"("property":"effects[2].amount","range":{"opening":{"length":500000}}})",
-        R"({"curve":{"steps":{"count":4}},"mode":{"noise":{"amplitude":{"number":3},"frequency":1,)"
+        R"({"curve":{"steps":4},"mode":{"noise":{"amplitude":{"number":3},"frequency":1,)"
         R"("seed":18446744073709551615}},"property":"params.radius","range":{"closing":{"advance":1,"length":2}}})",
         // Every optional field at once.
         R"({"about":[640,360.5],"axis":"GRAD","by":"script","curve":{"spring":{"damping":10,"stiffness":200}},)"
@@ -25,7 +25,7 @@ TEST(ActionJSON, CanonicalTextsRoundTrip) {
         R"("to":{"vector":{"dx":3,"dy":4}}}},"pace":"length","pins":{"start":{"anchor":"cut"}},"property":"lens.orbit",)"
         R"("range":{"between":{"end":9,"start":5}},"scope":"whole","shape":{"path":{"path":{"anchors":[{"point":[0,0]},)"
         R"({"point":[1,1]}]},"width":12}},"stagger":60000,"term":"x"})",
-        R"({"curve":{"bezier":{"x1":0.25,"x2":0.25,"y1":0.1,"y2":1}},"mode":{"alongPath":{"path":{"anchors":[{"point":[0,0]}]}}},)"
+        R"({"curve":{"bezier":{"x1":0.25,"x2":0.25,"y1":0.1,"y2":1}},"mode":{"alongPath":{"anchors":[{"point":[0,0]}]}},)"
         R"("property":"position","range":{"opening":{}},"shape":"circle"})",
     };
     for (const std::string_view text : texts) EXPECT_EQ(encodeJSON(decoded(text)).compact(), text);

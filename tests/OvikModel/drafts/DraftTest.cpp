@@ -119,7 +119,7 @@ TEST(Draft, TheProbeReadsTheNumberWhateverElseIsThere) {
 TEST(DraftJSON, DocumentFilesSortKeysAndLeaveSlashesAlone) {
     const JSONValue value = JSONValue::parse(R"({"b": "x/y", "a": []})");
     EXPECT_EQ(DraftJSON::encode(value, false), R"({"a":[],"b":"x/y"})");
-    EXPECT_EQ(DraftJSON::encode(value, true), "{\n  \"a\" : [\n  \n  ],\n  \"b\" : \"x/y\"\n}");
+    EXPECT_EQ(DraftJSON::encode(value, true), "{\n  \"a\" : [\n\n  ],\n  \"b\" : \"x/y\"\n}");
 }
 
 TEST(DraftJSON, ANonFiniteNumberIsNeverWritten) {

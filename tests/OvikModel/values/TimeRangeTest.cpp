@@ -69,7 +69,7 @@ TEST(Timebase, TaggedJSONRoundTrips) {
     const std::pair<Timebase, const char*> cases[] = {
         {Timebase::makeStill(MediaDuration{5000000}), R"({"still":5000000})"},
         {Timebase::makeRecording({source(0, 10), source(20, 30)}),
-         R"({"recording":{"segments":[{"end":10,"start":0},{"end":30,"start":20}]}})"},
+         R"({"recording":[{"end":10,"start":0},{"end":30,"start":20}]})"},
     };
     for (const auto& [timebase, json] : cases) {
         EXPECT_EQ(JSONWriter::write(encodeJSON(timebase)), json);
@@ -80,11 +80,11 @@ TEST(Timebase, TaggedJSONRoundTrips) {
 TEST(Timebase, MalformedJSONIsRefused) {
     const DecodingFailure failures[] = {
         {R"("still")", DecodingError::Kind::dataCorrupted, "", "Case still needs a value"},
-        {R"({"still":1,"recording":{"segments":[]}})", DecodingError::Kind::dataCorrupted, "",
+        {R"({"still":1,"recording":[]})", DecodingError::Kind::dataCorrupted, "",
          "Expected a case name or an object with one key"},
         {R"({"film":1})", DecodingError::Kind::dataCorrupted, "", "Unknown case film"},
-        {R"({"recording":{"segments":[{"start":0}]}})", DecodingError::Kind::keyNotFound,
-         "recording.segments[0].end", "No value associated with key \"end\"."},
+        {R"({"recording":[{"start":0}]})", DecodingError::Kind::keyNotFound,
+         "recording[0].end", "No value associated with key \"end\"."},
     };
     for (const DecodingFailure& failure : failures) expectRefused<Timebase>(failure);
 }

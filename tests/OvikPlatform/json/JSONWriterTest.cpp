@@ -84,7 +84,8 @@ TEST(JSONWriter, StringEscaping) {
     }
 }
 
-// An empty container keeps one blank line, which carries the indent of the container's own line.
+// An empty container keeps one empty line without spaces; its closing bracket carries the indent
+// of the line that opened it.
 TEST(JSONWriter, PrettyLayoutWithNestedEmptyContainers) {
     const JSONValue doc(JSONValue::Object{
         {"b", JSONValue::Array{1, JSONValue::Object{}, JSONValue::Array{}}},
@@ -94,17 +95,17 @@ TEST(JSONWriter, PrettyLayoutWithNestedEmptyContainers) {
     const char* expected = "{\n"
                            "  \"a\" : {\n"
                            "    \"empty\" : [\n"
-                           "    \n"
+                           "\n"
                            "    ],\n"
                            "    \"x/y\" : \"p/q\"\n"
                            "  },\n"
                            "  \"b\" : [\n"
                            "    1,\n"
                            "    {\n"
-                           "    \n"
+                           "\n"
                            "    },\n"
                            "    [\n"
-                           "    \n"
+                           "\n"
                            "    ]\n"
                            "  ],\n"
                            "  \"c\" : null\n"

@@ -25,7 +25,21 @@ struct Source : Enumeration<Source> {
             return std::tuple{required("angle", &gradient::angle), required("stops", &gradient::stops)};
         }
     };
-    std::variant<wallpaper, image, gradient> cases;
+    // A record of one field is written as that one value; unless it says its field is named.
+    struct steps {
+        static constexpr std::string_view name = "steps";
+        std::int64_t count = 0;
+        bool operator==(const steps&) const = default;
+        static constexpr auto jsonFields() { return std::tuple{required("count", &steps::count)}; }
+    };
+    struct random {
+        static constexpr std::string_view name = "random";
+        std::uint64_t seed = 0;
+        static constexpr bool namedPayload = true;
+        bool operator==(const random&) const = default;
+        static constexpr auto jsonFields() { return std::tuple{required("seed", &random::seed)}; }
+    };
+    std::variant<wallpaper, image, gradient, steps, random> cases;
     bool operator==(const Source&) const = default;
 };
 
@@ -49,6 +63,8 @@ TEST(TaggedCase, CasesRoundTripInTheirTaggedForm) {
         {Source{{}, Source::wallpaper{}}, R"("wallpaper")"},
         {Source{{}, Source::image{"a/b.png"}}, R"({"image":"a/b.png"})"},
         {Source{{}, Source::gradient{90, {"red", "blue"}}}, R"({"gradient":{"angle":90,"stops":["red","blue"]}})"},
+        {Source{{}, Source::steps{4}}, R"({"steps":4})"},
+        {Source{{}, Source::random{7}}, R"({"random":{"seed":7}})"},
     };
     for (const Case& c : cases) {
         EXPECT_EQ(encodeJSON(c.value).compact(), c.json);
@@ -73,6 +89,8 @@ TEST(TaggedCase, RefusalsSayWhatIsWrong) {
         {"3", "Expected a case name or an object with one key", "[0]"},
         {R"("video")", "Unknown case video", "[0]"},
         {R"({"gradient":{"angle":1}})", "No value associated with key \"stops\".", "[0].gradient.stops"},
+        {R"({"steps":{"count":4}})", "Expected to decode Int but found a dictionary instead.", "[0].steps"},
+        {R"({"random":7})", "Expected to decode Dictionary<String, Any> but found a number instead.", "[0].random"},
     };
     for (const Case& c : cases) {
         const std::string list = std::string("[") + c.json + "]";
