@@ -62,7 +62,7 @@ bench: deps
 
 fuzz:
 	@scripts/install-deps --fuzz
-	CC=clang CXX=clang++ cmake -S . -B $(FUZZ_BUILD) $(CMAKE_GEN) -DOVIK_FUZZ=ON
+	CC=clang-19 CXX=clang++-19 cmake -S . -B $(FUZZ_BUILD) $(CMAKE_GEN) -DOVIK_FUZZ=ON
 	cmake --build $(FUZZ_BUILD) -j $(JOBS)
 	@for f in $(FUZZ_BUILD)/tests/fuzz/fuzz-*; do \
 	  name=$$(basename $$f); corpus=tests/fuzz/corpus/$${name#fuzz-}; \
