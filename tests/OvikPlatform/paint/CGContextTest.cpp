@@ -102,14 +102,23 @@ TEST(CGContextPaint, SavedStateBracketsTranslationAndClip) {
         EXPECT_EQ(at(image, c.at.x, c.at.y), c.expected) << c.at.x << "," << c.at.y;
 }
 
-TEST(CGContextPaint, ImagesFollowTheTransform) {
+TEST(CGContextPaint, ImagesAreDrawnUprightWhereTheTransformPutsThem) {
+    // Red, green over blue, white, drawn a pixel a pixel at (2, 1).
+    const CGImage quadrants(2, 2, 8, {255, 0, 0, 255, 0, 255, 0, 255, 0, 0, 255, 255, 255, 255, 255, 255});
     CGContext context(4, 4);
     context.setInterpolationQuality(CGContext::InterpolationQuality::none);
     context.translateBy(2, 1);
-    context.draw(CGImage(1, 1, 4, {0, 0, 255, 255}), rect(0, 0, 1, 1));
+    context.draw(quadrants, rect(0, 0, 2, 2));
     const CGImage image = context.makeImage();
+    EXPECT_EQ(at(image, 2, 2), opaqueRed);
+    EXPECT_EQ(at(image, 3, 2), (RGBA{0, 255, 0, 255}));
     EXPECT_EQ(at(image, 2, 1), opaqueBlue);
-    EXPECT_EQ(at(image, 0, 0), clear);
+    EXPECT_EQ(at(image, 1, 1), clear);
+    // Drawn small at high quality, the four average.
+    CGContext small(1, 1);
+    small.setInterpolationQuality(CGContext::InterpolationQuality::high);
+    small.draw(quadrants, rect(0, 0, 1, 1));
+    EXPECT_LE(testing::maxErrorFrom(small.makeImage(), {128, 128, 128, 255}), 3);
 }
 
 TEST(CGContextPaint, GradientsReachTheirStopsAndCarryTheEndsOn) {
