@@ -5,6 +5,7 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <map>
 #include <mutex>
 #include <string>
@@ -58,6 +59,13 @@ public:
 
     /// A second of sound and no picture.
     static std::filesystem::path soundOnly() { return made("sound.m4a", "-f lavfi -i sine=d=1 -c:a aac"); }
+
+    /// `bytes` written as `name` in the folder.
+    static std::filesystem::path written(const std::string& name, const std::string& bytes) {
+        const std::filesystem::path path = folder() / name;
+        std::ofstream(path, std::ios::binary) << bytes;
+        return path;
+    }
 
     static std::filesystem::path folder() {
         static const Folder shared;
