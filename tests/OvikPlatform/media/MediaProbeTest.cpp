@@ -1,3 +1,4 @@
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -58,27 +59,6 @@ TEST(MediaProbe, ReadsAMoviesShownSizeRateLengthTracksAndTurns) {
     }
 }
 
-TEST(MediaProbe, RefusesMoviesItCantReadWithTheirPath) {
-    struct Case {
-        std::filesystem::path path;
-        MediaError::Kind kind;
-    };
-    const Case cases[] = {
-        {TestMovies::folder() / "nowhere.mov", MediaError::Kind::unreadable},
-        {TestMovies::written("noise.mov", std::string(2048, '\x17')), MediaError::Kind::unreadable},
-        {TestMovies::soundOnly(), MediaError::Kind::empty},
-    };
-    for (const Case& c : cases) {
-        try {
-            MediaProbe::movie(c.path);
-            ADD_FAILURE() << c.path;
-        } catch (const MediaError& error) {
-            EXPECT_EQ(error.kind(), c.kind) << c.path << ": " << error.what();
-            EXPECT_EQ(error.path(), c.path);
-        }
-    }
-}
-
 // A JPEG's header holds its resolution as a whole number of dots per inch (unit 1) or per
 // centimetre (unit 2), or an aspect ratio only (unit 0).
 TEST(MediaProbe, PictureScaleIsTheResolutionOver72DpiRoundedWithin1To3) {
@@ -105,22 +85,19 @@ TEST(MediaProbe, PictureScaleIsTheResolutionOver72DpiRoundedWithin1To3) {
     EXPECT_TRUE(MediaProbe::picture(png).png);
 }
 
-TEST(MediaProbe, RefusesPicturesItCantReadWithTheirPath) {
-    const std::filesystem::path paths[] = {
-        TestMovies::folder() / "nowhere.png",
-        TestMovies::written("noise.png", std::string(100, '\x42')),
-        TestMovies::written("cut.png", std::string("\x89PNG\r\n\x1a\n", 8)),
-        TestMovies::colours(),
+TEST(MediaProbe, RefusesFilesItCantReadWithTheirPath) {
+    using enum MediaError::Kind;
+    const std::pair<std::filesystem::path, MediaError::Kind> movies[] = {
+        {TestMovies::folder() / "nowhere.mov", unreadable},
+        {TestMovies::written("noise.mov", std::string(2048, '\x17')), unreadable},
+        {TestMovies::soundOnly(), empty},
     };
-    for (const std::filesystem::path& path : paths) {
-        try {
-            MediaProbe::picture(path);
-            ADD_FAILURE() << path;
-        } catch (const MediaError& error) {
-            EXPECT_EQ(error.kind(), MediaError::Kind::unreadable) << path;
-            EXPECT_EQ(error.path(), path);
-        }
-    }
+    for (const auto& [path, kind] : movies)
+        EXPECT_THAT([&] { MediaProbe::movie(path); }, testing::throwsMediaError(kind, path));
+    for (const std::filesystem::path& path :
+         {TestMovies::folder() / "nowhere.png", TestMovies::written("noise.png", std::string(100, '\x42')),
+          TestMovies::written("cut.png", std::string("\x89PNG\r\n\x1a\n", 8)), TestMovies::colours()})
+        EXPECT_THAT([&] { MediaProbe::picture(path); }, testing::throwsMediaError(unreadable, path));
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #pragma once
 // Movies made by the ffmpeg tool for the media tests, once per test run, in a temporary
 // folder that goes when the run ends.
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -11,6 +12,7 @@
 #include <string>
 
 #include "OvikPlatform/media/FFmpegTool.h"
+#include "OvikPlatform/media/MediaError.h"
 
 namespace ovik::testing {
 
@@ -95,5 +97,11 @@ private:
         return path;
     }
 };
+
+/// Matches a call that throws a `MediaError` of `kind` naming the file at `path`.
+inline auto throwsMediaError(MediaError::Kind kind, const std::filesystem::path& path) {
+    return ::testing::Throws<MediaError>(
+        ::testing::AllOf(::testing::Property(&MediaError::kind, kind), ::testing::Property(&MediaError::path, path)));
+}
 
 } // namespace ovik::testing

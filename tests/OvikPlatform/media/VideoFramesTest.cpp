@@ -1,3 +1,4 @@
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <chrono>
@@ -152,28 +153,17 @@ TEST(VideoFrames, PremultipliesFramesWithAlpha) {
 }
 
 TEST(VideoFrames, BadInputGivesATypedErrorNamingTheFile) {
+    using enum MediaError::Kind;
     const std::string movie = testing::fileBytes(TestMovies::colours());
-    struct Case {
-        std::filesystem::path path;
-        MediaError::Kind kind;
+    const std::pair<std::filesystem::path, MediaError::Kind> cases[] = {
+        {TestMovies::folder() / "missing.mp4", unreadable},
+        {TestMovies::written("garbage.mp4", std::string(4096, '\x5A')), unreadable},
+        {TestMovies::written("empty.mp4", ""), unreadable},
+        {TestMovies::written("truncated.mp4", movie.substr(0, movie.size() / 2)), unreadable},
+        {TestMovies::soundOnly(), empty},
     };
-    const Case cases[] = {
-        {TestMovies::folder() / "missing.mp4", MediaError::Kind::unreadable},
-        {TestMovies::written("garbage.mp4", std::string(4096, '\x5A')), MediaError::Kind::unreadable},
-        {TestMovies::written("empty.mp4", ""), MediaError::Kind::unreadable},
-        {TestMovies::written("truncated.mp4", movie.substr(0, movie.size() / 2)), MediaError::Kind::unreadable},
-        {TestMovies::soundOnly(), MediaError::Kind::empty},
-    };
-    for (const Case& c : cases) {
-        VideoFrames frames(c.path, flags());
-        try {
-            frames.frame({0, 1});
-            ADD_FAILURE() << c.path << " read";
-        } catch (const MediaError& error) {
-            EXPECT_EQ(error.kind(), c.kind) << c.path << ": " << error.what();
-            EXPECT_EQ(error.path(), c.path);
-        }
-    }
+    for (const auto& [path, kind] : cases)
+        EXPECT_THAT([&] { VideoFrames(path, flags()).frame({0, 1}); }, testing::throwsMediaError(kind, path));
 }
 
 TEST(VideoFramesDeadlines, AStuckDecoderIsReplacedUntilThreeTimeOutInARow) {
