@@ -55,7 +55,8 @@ TEST(ImageGeometry, CropKeepsTheCoveredShareOfEachPixel) {
     const auto overlap = [](double a0, double a1, double b0, double b1) {
         return std::max(0.0, std::min(a1, b1) - std::max(a0, b0));
     };
-    for (const CGRect rect : {CGRect{{1, 1}, {2, 2}}, {{0.5, 0}, {1, 1}}, {{0.25, 0.5}, {0.5, 0.25}}, {{2, 2}, {-2, -2}}}) {
+    for (const CGRect rect :
+         {CGRect{{1, 1}, {2, 2}}, CGRect{{0.5, 0}, {1, 1}}, CGRect{{0.25, 0.5}, {0.5, 0.25}}, CGRect{{2, 2}, {-2, -2}}}) {
         const Image cropped = test::constant(white).cropped(rect);
         const CGRect r = rect.standardized();
         EXPECT_EQ(cropped.extent(), r);

@@ -26,21 +26,26 @@ TEST(ImageRegistry, BadRecipesThrowTypedErrors) {
         {"unknown filter", "CIGaussianBlurr", {{"inputImage", picture}}, Kind::unknownFilter},
         {"no image", "CIGaussianBlur", {{"inputRadius", 2.0}}, Kind::missingInput},
         {"no radius", "CIGaussianBlur", {{"inputImage", picture}}, Kind::missingInput},
-        {"no mask", "CIBlendWithRedMask", {{"inputImage", picture}, {"inputBackgroundImage", Image()}}, Kind::missingInput},
+        {"no mask", "CIBlendWithRedMask", {{"inputImage", picture}, {"inputBackgroundImage", Image()}},
+         Kind::missingInput},
         {"misspelt input", "CIGaussianBlur", {{"inputImage", picture}, {"inputRadious", 2.0}}, Kind::unknownInput},
         {"point for a number", "CIGaussianBlur", {{"inputImage", picture}, {"inputRadius", CGPoint{1, 2}}},
          Kind::wrongInputType},
         {"number for an image", "CIColorInvert", {{"inputImage", 1.0}}, Kind::wrongInputType},
         {"NaN radius", "CIGaussianBlur", {{"inputImage", picture}, {"inputRadius", nan}}, Kind::invalidParameter},
-        {"infinite radius", "CIGaussianBlur", {{"inputImage", picture}, {"inputRadius", infinity}}, Kind::invalidParameter},
+        {"infinite radius", "CIGaussianBlur", {{"inputImage", picture}, {"inputRadius", infinity}},
+         Kind::invalidParameter},
         {"negative radius", "CIGaussianBlur", {{"inputImage", picture}, {"inputRadius", -1.0}}, Kind::invalidParameter},
         {"huge box", "CIBoxBlur", {{"inputImage", picture}, {"inputRadius", 1e9}}, Kind::invalidParameter},
         {"NaN point", "CILinearGradient",
-         {{"inputPoint0", CGPoint{nan, 0}}, {"inputPoint1", CGPoint{1, 0}}, {"inputColor0", black}, {"inputColor1", white}},
+         {{"inputPoint0", CGPoint{nan, 0}}, {"inputPoint1", CGPoint{1, 0}},
+          {"inputColor0", black}, {"inputColor1", white}},
          Kind::invalidParameter},
         {"NaN colour", "CIConstantColorGenerator", {{"inputColor", ImageColor{nan, 0, 0, 1}}}, Kind::invalidParameter},
         {"crossed clamp", "CIColorClamp",
-         {{"inputImage", picture}, {"inputMinComponents", Vector4{0.5, 0, 0, 0}}, {"inputMaxComponents", Vector4{0.4, 1, 1, 1}}},
+         {{"inputImage", picture},
+          {"inputMinComponents", Vector4{0.5, 0, 0, 0}},
+          {"inputMaxComponents", Vector4{0.4, 1, 1, 1}}},
          Kind::invalidParameter},
         {"zero scale", "CILanczosScaleTransform", {{"inputImage", picture}, {"inputScale", 0.0}}, Kind::invalidParameter},
         {"overexposed", "CIExposureAdjust", {{"inputImage", picture}, {"inputEV", 5000.0}}, Kind::invalidParameter},
@@ -65,7 +70,9 @@ TEST(ImageRegistry, BadRecipesThrowTypedErrors) {
         {"kernel of nine images",
          [] { ImageKernel::perPixel("nine", 9, 0, [](const KernelPixel&) { return Pixel{}; }); }, Kind::invalidParameter},
         {"same name twice",
-         [] { ImageRegistry().add(FilterDefinition{"CIGaussianBlur", {}, [](const FilterArguments&) { return Image(); }}); },
+         [] {
+             ImageRegistry().add(FilterDefinition{"CIGaussianBlur", {}, [](const FilterArguments&) { return Image(); }});
+         },
          Kind::duplicateName},
     };
     for (const auto& [name, make, kind] : others) EXPECT_TRUE(test::throwsKind(make, kind)) << name;
@@ -97,9 +104,8 @@ TEST(ImageRegistry, SamplingKernelReadsAcrossTiles) {
     for (const double by : {5.0, 300.0}) {
         const CGRect moved = {{by, 0}, {600, 3}};
         const test::Rendered out = render(shift.apply(moved, {source}, {by}), PixelRect::covering(moved));
-        EXPECT_EQ(test::maxError(out, [&](std::int64_t x, std::int64_t y) { return original.at(x - std::int64_t(by), y); }),
-                  0)
-            << by;
+        const auto expected = [&](std::int64_t x, std::int64_t y) { return original.at(x - std::int64_t(by), y); };
+        EXPECT_EQ(test::maxError(out, expected), 0) << by;
     }
 }
 

@@ -26,23 +26,20 @@ Image sampleFrame() {
                                                          {"inputColor0", ImageColor{0.1, 0.2, 0.6, 1}},
                                                          {"inputColor1", ImageColor{0.9, 0.5, 0.2, 1}}});
     const Image soft = background.cropped(canvas).clampedToExtent().applyingGaussianBlur(25).cropped(canvas);
-    const Image picture =
-        Image::fromCGImage(test::pattern(640, 400))
-            .transformed(CGAffineTransform::scale(0.8, 0.8).concatenating(CGAffineTransform::translation(94.5, 90.25)),
-                         ImageSampler::lanczos);
-    const CGRect card = picture.extent();
-    const Image mask = filter("roundedRectangleGenerator",
-                              {{"inputExtent", card}, {"inputRadius", 18.0}, {"inputColor", ImageColor::white()}});
-    const Image shadow = filter("blurredRoundedRectangleGenerator", {{"inputExtent", card},
-                                                                     {"inputRadius", 18.0},
-                                                                     {"inputSigma", 14.0},
-                                                                     {"inputColor", ImageColor{1, 1, 1, 0.4}}})
-                             .transformed(CGAffineTransform::translation(0, -8));
-    const Image shaded =
-        Image::fromColor(ImageColor::black())
-            .applyingFilter("CIBlendWithRedMask", {{"inputBackgroundImage", soft}, {"inputMaskImage", shadow}});
-    const Image cut =
-        picture.applyingFilter("CIBlendWithRedMask", {{"inputBackgroundImage", Image()}, {"inputMaskImage", mask}});
+    const auto place = CGAffineTransform::scale(0.8, 0.8).concatenating(CGAffineTransform::translation(94.5, 90.25));
+    const Image picture = Image::fromCGImage(test::pattern(640, 400)).transformed(place, ImageSampler::lanczos);
+    const FilterInputs outline = {{"inputExtent", picture.extent()}, {"inputRadius", 18.0}};
+    FilterInputs mask = outline, shadow = outline;
+    mask.set("inputColor", ImageColor::white());
+    shadow.set("inputSigma", 14.0);
+    shadow.set("inputColor", ImageColor{1, 1, 1, 0.4});
+    const Image below =
+        filter("blurredRoundedRectangleGenerator", shadow).transformed(CGAffineTransform::translation(0, -8));
+    const Image shaded = Image::fromColor(ImageColor::black())
+                             .applyingFilter("CIBlendWithRedMask",
+                                             {{"inputBackgroundImage", soft}, {"inputMaskImage", below}});
+    const Image cut = picture.applyingFilter("CIBlendWithRedMask", {
+        {"inputBackgroundImage", Image()}, {"inputMaskImage", filter("roundedRectangleGenerator", mask)}});
     const Image turned =
         Image::fromCGImage(test::pattern(60, 40))
             .transformed(CGAffineTransform::rotation(0.3).concatenating(CGAffineTransform::translation(600, 40)))
@@ -93,7 +90,8 @@ TEST(ImageRender, PartsMatchTheWholeBitForBit) {
 }
 
 TEST(ImageRender, OutsideTheExtentIsClear) {
-    EXPECT_EQ(test::maxError(test::render(Image(), {-3, -3, 5, 5}), [](std::int64_t, std::int64_t) { return Pixel{}; }), 0);
+    const auto nothing = [](std::int64_t, std::int64_t) { return Pixel{}; };
+    EXPECT_EQ(test::maxError(test::render(Image(), {-3, -3, 5, 5}), nothing), 0);
     const test::Rendered around = test::render(Image::fromCGImage(test::pattern(2, 2)), {-2, -2, 6, 6});
     EXPECT_EQ(around.at(-1, 0), Pixel{});
     EXPECT_EQ(around.at(2, 1), Pixel{});
