@@ -109,7 +109,8 @@ TEST(CanvasLayout, CapturePointsMapToOutputPixelsAndToTheCanvasAndBack) {
     const CGAffineTransform t = cropped.objectTransform(0.5);
     const CGRect rendered = cropped.renderedContentRect(0.5);
     // The crop's top left corner lands on the rendered content's top left, y down.
-    EXPECT_EQ(t.apply({50, 0}), (CGPoint{rendered.minX(), double(cropped.pixelSize(0.5, false).height) - rendered.maxY()}));
+    const double outputHeight = double(cropped.pixelSize(0.5, false).height);
+    EXPECT_EQ(t.apply({50, 0}), (CGPoint{rendered.minX(), outputHeight - rendered.maxY()}));
     EXPECT_DOUBLE_EQ(t.apply({100, 50}).x, rendered.maxX());
 
     const CanvasLayout layout({300, 200}, 2, styled(12, AspectRatio::makeRatio(16, 9)), rect(10, 10, 100, 60),

@@ -37,7 +37,8 @@ int errorFromExpected(const CGImage& image, std::int64_t left, std::int64_t top)
     for (std::int64_t y = 0; y < image.height(); ++y)
         for (std::int64_t x = 0; x < image.width(); ++x) {
             const std::int64_t cx = left + x, cy = top + y;
-            const RGBA expected = cx < 5 || cx >= 25 || cy < 5 || cy >= 15 ? RGBA{51, 102, 153, 255} : cx < 15 ? red : green;
+            const bool padding = cx < 5 || cx >= 25 || cy < 5 || cy >= 15;
+            const RGBA expected = padding ? RGBA{51, 102, 153, 255} : cx < 15 ? red : green;
             worst = std::max(worst, testing::channelError(pixelAt(image, x, y), expected));
         }
     return worst;

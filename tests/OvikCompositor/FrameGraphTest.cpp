@@ -114,7 +114,8 @@ TEST(FrameGraph, UnreadableSourcesAreTypedErrorsAndWriteNothing) {
 TEST(FrameGraph, ARecordingShowsTheFrameOfTheMomentAndAFilmstripSpacesThem) {
     const Package package("recording");
     Draft draft = testing::recordingDraft(package);
-    for (const auto& [at, expected] : {std::pair{std::optional<std::int64_t>(500'000), red}, {1'500'000, blue}, {{}, red}}) {
+    using At = std::optional<std::int64_t>;
+    for (const auto& [at, expected] : {std::pair{At(500'000), red}, {At(1'500'000), blue}, {At(), red}}) {
         const CGImage image = still(draft, package.root, at);
         ASSERT_EQ(image.width(), 64);
         EXPECT_LE(testing::channelError(pixelAt(image, 32, 24), expected), 8) << at.value_or(-1);
@@ -147,7 +148,8 @@ TEST(FrameGraph, AFrameReadAtItsCardSizeIsNotResampled) {
     moment.sections = std::vector<SectionID>{section};
     moment.frames.emplace(section, Image::fromCGImage(std::make_shared<const CGImage>(stripes)));
     const CGImage image = FrameGraph::context().createCGImage(
-        rendering.graph().render(prepared, moment, scale, size), CGRect{{0, 0}, {double(size.width), double(size.height)}});
+        rendering.graph().render(prepared, moment, scale, size),
+        CGRect{{0, 0}, {double(size.width), double(size.height)}});
     int worst = 0;
     for (std::int64_t y = 1; y < 33; ++y)
         for (std::int64_t x = 0; x < 44; ++x)

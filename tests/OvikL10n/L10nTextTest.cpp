@@ -48,7 +48,8 @@ TEST(L10nFormat, PatternsFillAsWritten) {
     std::vector<L10nArgument> many(1000, "x");
     many.back() = "last";
     EXPECT_EQ(L10n::formatTemplate("%1000$@", many), "last");
-    EXPECT_EQ(L10n::formatTemplate("%1000d|%.1000f", {i(1), 1.0}), std::string(999, ' ') + "1|1." + std::string(1000, '0'));
+    EXPECT_EQ(L10n::formatTemplate("%1000d|%.1000f", {i(1), 1.0}),
+              std::string(999, ' ') + "1|1." + std::string(1000, '0'));
 }
 
 TEST(L10nText, EachLanguageReadsItsTableThenTheBaseThenTheKey) {

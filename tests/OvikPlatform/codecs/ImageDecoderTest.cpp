@@ -179,9 +179,10 @@ TEST(ImageDecoder, RefusesWhatIsNotAWholePictureWithinTheLimits) {
 
 // Up to 32768 pixels a side and 2^28 in all, both inclusive.
 TEST(ImageLimits, BothLimitsAreInclusive) {
-    for (const auto& [width, height] : {std::pair<std::int64_t, std::int64_t>{32768, 1}, {1, 32768}, {16384, 16384}})
+    using Size = std::pair<std::int64_t, std::int64_t>;
+    for (const auto& [width, height] : {Size{32768, 1}, {1, 32768}, {16384, 16384}})
         EXPECT_NO_THROW(ImageLimits::require(width, height, "PNG")) << width << " x " << height;
-    for (const auto& [width, height] : {std::pair<std::int64_t, std::int64_t>{32769, 1}, {1, 32769}, {16384, 16385}, {0, 1}})
+    for (const auto& [width, height] : {Size{32769, 1}, {1, 32769}, {16384, 16385}, {0, 1}})
         EXPECT_THROW(ImageLimits::require(width, height, "PNG"), ImageCodecError) << width << " x " << height;
 }
 

@@ -66,7 +66,8 @@ TEST_F(AtomicFileTest, MoveExclusivelyNeverReplacesWhatIsThere) {
 }
 
 TEST(PosixError, UnknownCodesBecomeEIO) {
-    const std::pair<int, int> cases[] = {{ENOENT, ENOENT}, {EHWPOISON, EHWPOISON}, {EHWPOISON + 1, EIO}, {0, EIO}, {-3, EIO}};
+    const std::pair<int, int> cases[] = {
+        {ENOENT, ENOENT}, {EHWPOISON, EHWPOISON}, {EHWPOISON + 1, EIO}, {0, EIO}, {-3, EIO}};
     for (const auto& [code, expected] : cases) EXPECT_EQ(PosixError(code, "/x").code(), expected) << code;
 }
 
