@@ -2,6 +2,7 @@
 
 #include "OvikCompositor/BakedImageCache.h"
 #include "OvikCompositor/MemoTable.h"
+#include "OvikCompositor/PictureCache.h"
 #include "OvikCompositor/RenderError.h"
 #include "OvikL10n/L10n.h"
 #include "OvikPlatform/image/ImageColor.h"
@@ -11,43 +12,28 @@ namespace {
 
 using Cache = BakedImageCache<int>;
 
-std::function<std::optional<Cache::Baked>()> bake(std::int64_t bytes, int* calls = nullptr) {
-    return [bytes, calls]() -> std::optional<Cache::Baked> {
-        if (calls) ++*calls;
-        return Cache::Baked{Image::fromColor(ImageColor{1, 0, 0, 1}), bytes};
-    };
-}
-
 TEST(BakedImageCache, KeepsWithinItsBudgetLeastRecentlyUsedFirst) {
     Cache cache(100);
-    int calls = 0;
-    cache.value(1, bake(40, &calls));
-    cache.value(2, bake(40, &calls));
-    cache.value(1, bake(40, &calls)); // a hit: 1 is now the newer
-    EXPECT_EQ(calls, 2);
-    cache.value(3, bake(40, &calls)); // over budget: 2 goes
-    EXPECT_EQ(cache.count(), 2u);
+    const auto bake = [&](int key, std::int64_t bytes) {
+        cache.value(key, [&] { return std::optional(Cache::Baked{Image::fromColor(ImageColor{1, 0, 0, 1}), bytes}); });
+    };
+    bake(1, 40);
+    bake(2, 40);
+    bake(1, 40); // a hit: 1 is now the newer
+    bake(3, 40); // over budget: 2 goes
+    EXPECT_EQ(cache.bakes(), 3);
     EXPECT_EQ(cache.bytes(), 80);
-    cache.value(1, bake(40, &calls));
-    EXPECT_EQ(calls, 3);
-    cache.value(2, bake(40, &calls));
-    EXPECT_EQ(calls, 4);
+    bake(1, 40);
+    EXPECT_EQ(cache.bakes(), 3);
+    bake(2, 40);
     EXPECT_EQ(cache.bakes(), 4);
-}
-
-TEST(BakedImageCache, APictureOverTheWholeBudgetStaysAlone) {
-    Cache cache(100);
-    cache.value(1, bake(10));
-    cache.value(2, bake(500));
+    // A picture over the whole budget stays, alone.
+    bake(4, 500);
     EXPECT_EQ(cache.count(), 1u);
     EXPECT_EQ(cache.bytes(), 500);
-}
-
-TEST(BakedImageCache, AFailedBakeKeepsNothing) {
-    Cache cache(100);
-    EXPECT_FALSE(cache.value(1, [] { return std::optional<Cache::Baked>(); }));
-    EXPECT_EQ(cache.count(), 0u);
-    EXPECT_EQ(cache.bakes(), 0);
+    // A failed bake keeps nothing.
+    EXPECT_FALSE(cache.value(5, [] { return std::optional<Cache::Baked>(); }));
+    EXPECT_EQ(cache.bakes(), 5);
 }
 
 TEST(MemoTable, EmptiesWholeWhenFull) {
@@ -57,14 +43,23 @@ TEST(MemoTable, EmptiesWholeWhenFull) {
     table.value(2, [] { return 20; });
     table.value(3, [] { return 30; });
     EXPECT_EQ(table.count(), 1u);
-    EXPECT_FALSE(table.value(1));
     EXPECT_EQ(table.value(3), 30);
+}
+
+TEST(PictureCache, KeepsTheSixteenLastUsed) {
+    PictureCache cache;
+    const ImageBox picture{std::make_shared<const CGImage>(1, 1, 4, std::vector<std::uint8_t>(4))};
+    for (int i = 0; i <= 16; ++i) {
+        cache.insert(std::to_string(i), picture);
+        if (i == 15) cache.value("0"); // 0 is used again, so 1 is the oldest when a 17th comes
+    }
+    EXPECT_TRUE(cache.value("0") && cache.value("2") && cache.value("16"));
+    EXPECT_FALSE(cache.value("1"));
 }
 
 TEST(RenderError, MessagesAndRetries) {
     const L10n::LanguageOverride english("en");
-    EXPECT_STREQ(RenderFailure(RenderError::unsupported{ExportFormatID{"gif"}, DraftKind::screenshot}).what(),
-                 "A screenshot has no picture in the gif format.");
+    // Sizes are whole megabytes, rounded up.
     EXPECT_STREQ(RenderFailure(RenderError::diskSpaceLow{150'000'000, 1}).what(),
                  "There isn't enough room on the disk: 150 MB needed, 1 MB free.");
     EXPECT_TRUE((RenderError{{}, RenderError::cancelled{}}.isTransient()));

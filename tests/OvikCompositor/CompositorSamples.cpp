@@ -2,6 +2,9 @@
 
 #include <fstream>
 
+#include "OvikCompositor/LiveRendering.h"
+#include "OvikPlatform/media/FFmpegTool.h"
+
 namespace ovik::testing {
 
 namespace fs = std::filesystem;
@@ -46,8 +49,8 @@ Draft canvasDraft(RGBA colour, bool transparent) {
     return oneMedia(MediaSource::makeCanvas(canvas));
 }
 
-Draft screenshotDraft(PixelSize size) {
-    return oneMedia(MediaSource::makeScreenshot(Screenshot{PackagePath{"media/shot.png"}, size, 1, "sRGB", {}, {}}));
+Draft screenshotDraft(PixelSize size, const char* path) {
+    return oneMedia(MediaSource::makeScreenshot(Screenshot{PackagePath{path}, size, 1, "sRGB", {}, {}}));
 }
 
 CGImage halves(std::int64_t width, std::int64_t height) {
@@ -59,6 +62,33 @@ CGImage halves(std::int64_t width, std::int64_t height) {
             p[3] = 255;
         }
     return CGImage(width, height, width * 4, std::move(pixels));
+}
+
+Draft recordingDraft(const Package& package) {
+    EXPECT_TRUE(runFFmpeg("-f lavfi -i color=red:s=64x48:r=30:d=1 -f lavfi -i color=blue:s=64x48:r=30:d=1 "
+                          "-filter_complex concat=n=2:v=1 -c:v libx264 -pix_fmt yuv420p -g 15 " +
+                          (package.root / "media/movie.mp4").string()));
+    Recording recording;
+    Segment segment;
+    segment.movie = PackagePath{"media/movie.mp4"};
+    segment.duration = MediaDuration::fromSeconds(2);
+    recording.segments = {segment};
+    recording.pixelSize = {64, 48};
+    recording.frameRate = 30;
+    Draft draft = oneMedia(MediaSource::makeRecording(recording));
+    KeptStretch whole;
+    whole.range = SourceRange{SourceTime{0}, SourceTime{2'000'000}};
+    std::vector<Section> sections = draft.sections.items();
+    sections[0].length = Section::Length::makeKept({whole});
+    draft.sections = CowList<Section>(sections);
+    return draft;
+}
+
+CGImage still(const Draft& draft, const std::filesystem::path& root, std::optional<std::int64_t> at,
+              std::optional<std::int64_t> maxPixel) {
+    LiveRendering rendering;
+    const auto moment = at ? std::optional(OutputTime{*at}) : std::nullopt;
+    return *rendering.still(DraftDocument{draft, root}, moment, maxPixel).cgImage;
 }
 
 } // namespace ovik::testing

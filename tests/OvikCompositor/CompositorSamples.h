@@ -1,10 +1,14 @@
 #pragma once
 // Drafts and packages the compositor tests draw from, made by hand.
+#include <gmock/gmock.h>
+
 #include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <set>
 #include <string>
 
+#include "OvikCompositor/RenderError.h"
 #include "OvikModel/Draft.h"
 #include "OvikPlatform/image/CGImage.h"
 
@@ -27,9 +31,20 @@ struct Package {
 Draft oneMedia(MediaSource source);
 /// A 100 × 50 canvas of `colour`.
 Draft canvasDraft(RGBA colour, bool transparent = false);
-/// A draft of the screenshot "media/shot.png" of `size`.
-Draft screenshotDraft(PixelSize size);
+/// A draft of the screenshot `path` of `size`.
+Draft screenshotDraft(PixelSize size, const char* path = "media/shot.png");
 /// Two halves: red on the left, green on the right.
 CGImage halves(std::int64_t width, std::int64_t height);
+/// A draft of the recording "media/movie.mp4" that it writes into `package`: 64 × 48 at 30
+/// frames a second, one second of red, then one of blue, a key frame every 15 frames.
+Draft recordingDraft(const Package& package);
+/// A still of the draft in the package at `root`, by a renderer of its own.
+CGImage still(const Draft& draft, const std::filesystem::path& root, std::optional<std::int64_t> at = std::nullopt,
+              std::optional<std::int64_t> maxPixel = std::nullopt);
+/// Matches a call that throws a `RenderFailure` of a source that can't be read.
+inline auto throwsUnreadable() {
+    return ::testing::Throws<RenderFailure>(::testing::ResultOf(
+        [](const RenderFailure& failure) { return failure.error().is<RenderError::sourceUnreadable>(); }, true));
+}
 
 } // namespace ovik::testing

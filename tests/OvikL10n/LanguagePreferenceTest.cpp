@@ -1,176 +1,99 @@
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
 #include <optional>
-#include <sstream>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "OvikL10n/L10n.h"
 #include "OvikL10n/LanguagePreference.h"
 #include "OvikPlatform/files/PosixError.h"
+#include "OvikPlatform/files/TemporaryFolder.h"
 
 namespace ovik {
 namespace {
 
-namespace fs = std::filesystem;
-
 TEST(PreferredLanguage, TheFirstSupportedCandidateWins) {
-    struct Case {
-        std::optional<std::string> override, setting;
-        std::vector<std::string> preferences;
-        const char* expected;
-    };
-    const std::optional<std::string> none;
-    const Case cases[] = {
+    using Text = std::optional<std::string>;
+    const Text none;
+    const std::tuple<Text, Text, std::vector<std::string>, const char*> cases[] = {
         {"zh_TW", none, {"en"}, "zh-Hans"},
-        {none, none, {"fr", "ja-JP"}, "ja"},
         // An override or a setting stands alone: an unsupported one doesn't fall to what follows.
         {"fr", "en", {"ja"}, "zh-Hans"},
         {none, "de", {"ja"}, "zh-Hans"},
         {"EN-gb", "ko", {}, "en"},
-        {"", none, {"en"}, "zh-Hans"},
-        {none, none, {}, "zh-Hans"},
-        {none, none, {"zh-Hans-HK", "en"}, "zh-Hans"},
-        {none, none, {"zh-Hant", "zh-TW", "english", "ko-KR"}, "ko"},
+        {none, none, {"fr", "zh-SG", "en"}, "zh-Hans"},
+        {none, none, {"zh-Hant", "zh-TW", "english", "zh-HK", "ko-KR"}, "ko"},
     };
-    for (const auto& c : cases) {
-        EXPECT_EQ(L10n::preferredLanguage(c.override, c.setting, c.preferences), c.expected)
-            << c.override.value_or("-") << " / " << c.setting.value_or("-");
-    }
+    for (const auto& [override, setting, preferences, expected] : cases)
+        EXPECT_EQ(L10n::preferredLanguage(override, setting, preferences), expected) << override.value_or("-");
 }
 
-TEST(LanguagePreference, SystemLanguagesComeFromTheLocaleVariables) {
-    struct Case {
-        L10nEnvironment environment;
-        std::vector<std::string> expected;
-    };
-    const Case cases[] = {
+TEST(LanguagePreference, TheEnvironmentNamesTheLanguagesAndTheSettingsFolder) {
+    const std::pair<L10nEnvironment, std::vector<std::string>> cases[] = {
         {{{"LANGUAGE", "::fr:ja_JP"}, {"LANG", "ko_KR.UTF-8"}}, {"fr", "ja-JP", "ko-KR"}},
         {{{"LC_ALL", "de_DE.UTF-8@euro"}, {"LC_MESSAGES", "ja_JP"}, {"LANG", "ko"}}, {"de-DE"}},
         {{{"LC_ALL", ""}, {"LC_MESSAGES", "ja_JP@cjk"}, {"LANG", "ko"}}, {"ja-JP"}},
-        // "C" is a locale, so the variables after it are not asked.
+        // "C" and "POSIX" are locales, so the variables after them are not asked.
         {{{"LC_ALL", "C"}, {"LANG", "ja_JP"}}, {}},
-        {{{"LANG", "C.UTF-8"}}, {}},
+        {{{"LC_MESSAGES", "POSIX"}, {"LANG", "ja_JP"}}, {}},
         {{{"LANGUAGE", "C:en"}}, {"en"}},
     };
-    for (const auto& c : cases) {
-        EXPECT_EQ(LanguagePreference::systemLanguages(c.environment), c.expected) << c.environment.begin()->second;
-    }
+    for (const auto& [environment, expected] : cases)
+        EXPECT_EQ(LanguagePreference::systemLanguages(environment), expected) << environment.begin()->second;
+    EXPECT_EQ(LanguagePreference::standard({{"XDG_CONFIG_HOME", "relative"}, {"HOME", "/h"}}).domainFile(),
+              "/h/.config/com.tarnel.ovik/defaults.json");
+    EXPECT_EQ(LanguagePreference::standard({}).defaults, "");
 }
 
-struct TemporaryFolder {
-    TemporaryFolder() {
-        std::string name = (fs::temp_directory_path() / "ovik-l10n-XXXXXX").string();
-        if (!mkdtemp(name.data())) throw std::runtime_error("no temporary folder");
-        path_ = name;
+class LanguagePreferenceFile : public testing::TemporaryFolder {
+protected:
+    LanguagePreference stored(const std::string& text) const {
+        std::filesystem::create_directories(folder / "d");
+        writeText(folder / "d" / "defaults.json", text);
+        return {folder, "d"};
     }
-    ~TemporaryFolder() { fs::remove_all(path_); }
-    const fs::path& path() const { return path_; }
-
-private:
-    fs::path path_;
 };
 
-std::string contents(const fs::path& file) {
-    std::ifstream in(file, std::ios::binary);
-    std::ostringstream bytes;
-    bytes << in.rdbuf();
-    return bytes.str();
-}
-
-void writeText(const fs::path& file, const std::string& text) {
-    fs::create_directories(file.parent_path());
-    std::ofstream(file, std::ios::binary) << text;
-}
-
-TEST(LanguagePreference, TheDefaultsFolderFollowsXDG) {
-    const std::pair<L10nEnvironment, fs::path> cases[] = {
-        {{{"XDG_CONFIG_HOME", "/cfg"}, {"HOME", "/home/a"}}, "/cfg"},
-        {{{"XDG_CONFIG_HOME", ""}, {"HOME", "/home/a"}}, "/home/a/.config"},
-        {{{"XDG_CONFIG_HOME", "relative"}, {"HOME", "/home/a"}}, "/home/a/.config"},
-        {{}, ""},
-    };
-    for (const auto& [environment, expected] : cases) EXPECT_EQ(LanguagePreference::standard(environment).defaults, expected);
-    EXPECT_EQ(LanguagePreference::standard({{"XDG_CONFIG_HOME", "/cfg"}}).domainFile(),
-              "/cfg/com.tarnel.ovik/defaults.json");
-}
-
-TEST(LanguagePreference, AChoiceIsStoredBesideOtherSettingsAndRemoved) {
-    TemporaryFolder folder;
-    const LanguagePreference preference{folder.path(), "com.tarnel.ovik"};
+TEST_F(LanguagePreferenceFile, AChoiceIsStoredBesideOtherSettingsOrRemoved) {
+    const LanguagePreference preference{folder, "d"};
     preference.setChoice(LanguageChoice::english);
-    EXPECT_EQ(contents(preference.domainFile()), "{\n  \"AppleLanguages\" : [\n    \"en\"\n  ]\n}");
-    // Nothing left in the domain: the file goes.
-    preference.setChoice(LanguageChoice::system);
-    EXPECT_FALSE(fs::exists(preference.domainFile()));
+    EXPECT_EQ(readText(preference.domainFile()), "{\n  \"AppleLanguages\" : [\n    \"en\"\n  ]\n}");
+    preference.setChoice(LanguageChoice::system); // nothing left in the domain: the file goes
+    EXPECT_FALSE(std::filesystem::exists(preference.domainFile()));
 
-    writeText(preference.domainFile(), R"({"AppleLanguages": ["ja"], "other": 1})");
-    preference.setChoice(LanguageChoice::system);
-    EXPECT_EQ(contents(preference.domainFile()), "{\n  \"other\" : 1\n}");
-    preference.setChoice(LanguageChoice::chinese);
-    EXPECT_EQ(contents(preference.domainFile()), "{\n  \"AppleLanguages\" : [\n    \"zh-Hans\"\n  ],\n  \"other\" : 1\n}");
-
-    writeText(preference.domainFile(), "{ broken"); // an unreadable domain is replaced
-    preference.setChoice(LanguageChoice::korean);
+    stored(R"({"AppleLanguages": ["ja"], "other": 1})").setChoice(LanguageChoice::system);
+    EXPECT_EQ(readText(preference.domainFile()), "{\n  \"other\" : 1\n}");
+    stored("{ broken").setChoice(LanguageChoice::korean); // an unreadable domain is replaced
     EXPECT_EQ(preference.choice(), LanguageChoice::korean);
+
+    // A choice that can't be stored is a typed error and writes nothing.
+    EXPECT_THROW((LanguagePreference{"", "d"}.setChoice(LanguageChoice::english)), PosixError); // no folder known
+    writeText(folder / "file", "x");
+    EXPECT_THROW((LanguagePreference{folder / "file", "d"}.setChoice(LanguageChoice::english)), PosixError);
+    EXPECT_EQ(readText(folder / "file"), "x");
 }
 
-TEST(LanguagePreference, StoredValuesAreReadLikeAnOverride) {
+TEST_F(LanguagePreferenceFile, StoredValuesAreReadLikeAnOverride) {
     const std::pair<const char*, LanguageChoice> cases[] = {
         {R"({"AppleLanguages": ["en-GB", "ja"]})", LanguageChoice::english},
-        {R"({"AppleLanguages": ["ja"], "other": 1})", LanguageChoice::japanese},
         // The first entry stands alone, and an unsupported one is the base language.
         {R"({"AppleLanguages": ["zh_TW", "en"]})", LanguageChoice::chinese},
-        {R"({"AppleLanguages": ["fr"]})", LanguageChoice::chinese},
-        {"", LanguageChoice::system}, // unreadable domains hold no choice
-        {"not json", LanguageChoice::system}, {"[\"en\"]", LanguageChoice::system},
-        {"{\"AppleLanguages\": \"en\"}", LanguageChoice::system}, {"{\"AppleLanguages\": []}", LanguageChoice::system},
-        {"{\"AppleLanguages\": [1, \"en\"]}", LanguageChoice::system}, {"\xff\xfe{}", LanguageChoice::system},
+        // Unreadable domains hold no choice.
+        {"not json", LanguageChoice::system}, {R"({"AppleLanguages": "en"})", LanguageChoice::system},
+        {R"({"AppleLanguages": [1, "en"]})", LanguageChoice::system},
     };
-    for (const auto& [file, expected] : cases) {
-        TemporaryFolder folder;
-        const LanguagePreference preference{folder.path(), "d"};
-        writeText(preference.domainFile(), file);
-        EXPECT_EQ(preference.choice(), expected) << file;
-    }
-    TemporaryFolder folder;
-    const LanguagePreference preference{folder.path(), "d"};
-    EXPECT_EQ(preference.choice(), LanguageChoice::system);
-    fs::create_directories(preference.domainFile()); // a folder where the file should be
-    EXPECT_EQ(preference.choice(), LanguageChoice::system);
+    for (const auto& [file, expected] : cases) EXPECT_EQ(stored(file).choice(), expected) << file;
 }
 
-TEST(LanguagePreference, AChoiceThatCantBeStoredIsATypedErrorAndWritesNothing) {
-    EXPECT_THROW((LanguagePreference{{}, "com.tarnel.ovik"}.setChoice(LanguageChoice::english)), PosixError);
-
-    TemporaryFolder folder;
-    writeText(folder.path() / "file", "x"); // the settings folder is a file
-    const LanguagePreference blocked{folder.path() / "file", "d"};
-    EXPECT_THROW(blocked.setChoice(LanguageChoice::english), PosixError);
-    EXPECT_EQ(contents(folder.path() / "file"), "x");
-}
-
-TEST(LaunchLanguage, OverrideThenSettingThenEnvironment) {
-    TemporaryFolder folder;
-    const std::string config = folder.path().string();
-    const std::vector<std::pair<L10nEnvironment, const char*>> withoutSetting = {
-        {{{"OVIK_LANGUAGE", "ko"}, {"LANG", "en_US.UTF-8"}}, "ko"},
-        // An unsupported override is the base language, not the environment's.
-        {{{"OVIK_LANGUAGE", "fr"}, {"LANG", "en_US.UTF-8"}}, "zh-Hans"},
-        {{{"OVIK_LANGUAGE", ""}, {"LANG", "en_US.UTF-8"}}, "en"},
+TEST_F(LanguagePreferenceFile, TheLaunchLanguageIsTheOverrideThenTheSettingThenTheEnvironment) {
+    const auto launch = [&](const char* override) {
+        return L10n::launchLanguage({{"XDG_CONFIG_HOME", folder}, {"OVIK_LANGUAGE", override}, {"LANG", "en_US"}});
     };
-    for (auto [environment, expected] : withoutSetting) {
-        environment.emplace("XDG_CONFIG_HOME", config);
-        EXPECT_EQ(L10n::launchLanguage(environment), expected);
-    }
-
-    LanguagePreference{folder.path(), "com.tarnel.ovik"}.setChoice(LanguageChoice::korean);
-    EXPECT_EQ(L10n::launchLanguage({{"XDG_CONFIG_HOME", config}, {"LANG", "en_US.UTF-8"}}), "ko");
-    EXPECT_EQ(L10n::launchLanguage({{"XDG_CONFIG_HOME", config}, {"OVIK_LANGUAGE", "ja"}}), "ja");
-    EXPECT_EQ(L10n::launchLanguage({{"HOME", config}, {"LANG", "en_US.UTF-8"}}), "en");
+    // An unsupported override is the base language, not the environment's.
+    EXPECT_EQ(launch("ko") + launch("fr") + launch(""), "kozh-Hansen");
+    LanguagePreference{folder, "com.tarnel.ovik"}.setChoice(LanguageChoice::korean);
+    EXPECT_EQ(launch("") + launch("ja"), "koja");
 }
 
 } // namespace

@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include "OvikPlatform/CowBox.h"
-#include "OvikPlatform/CowList.h"
 #include "OvikPlatform/geometry/CGAffineTransform.h"
 #include "OvikPlatform/geometry/CGRect.h"
 
@@ -36,30 +34,6 @@ TEST(Geometry, ConcatenationAppliesInOrder) {
     const auto r = CGAffineTransform::rotation(M_PI / 2).apply({1, 0});
     EXPECT_NEAR(r.x, 0, 1e-12);
     EXPECT_NEAR(r.y, 1, 1e-12);
-}
-
-TEST(CowList, ChangesDoNotReachOtherCopies) {
-    CowList<int> a{1, 2, 3};
-    CowList<int> b = a;
-    b.mutableItems().push_back(4);
-    EXPECT_EQ(a.size(), 3u);
-    EXPECT_EQ(b.size(), 4u);
-    EXPECT_FALSE(a == b);
-    CowList<int> c = a;
-    EXPECT_TRUE(a == c);
-    EXPECT_EQ(&a.items(), &c.items()); // shared until changed
-    EXPECT_EQ(encodeJSON(b).compact(), "[1,2,3,4]");
-}
-
-TEST(CowBox, ChangesDoNotReachOtherCopies) {
-    const CowBox<std::vector<int>> a(std::vector<int>{1, 2});
-    CowBox<std::vector<int>> b = a;
-    EXPECT_EQ(&*a, &*b); // shared until changed
-    b.mutate().push_back(3);
-    EXPECT_EQ(a->size(), 2u);
-    EXPECT_FALSE(a == b);
-    EXPECT_TRUE(a == CowBox<std::vector<int>>(std::vector<int>{1, 2})); // equal by value
-    EXPECT_EQ(decodeJSON<CowBox<std::vector<int>>>(std::string_view("[1,2,3]")), b);
 }
 
 } // namespace

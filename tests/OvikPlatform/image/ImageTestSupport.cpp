@@ -68,4 +68,14 @@ float maxError(const Rendered& rendered, const std::function<Pixel(std::int64_t,
     return ::testing::AssertionFailure() << text.str();
 }
 
+::testing::AssertionResult throwsKind(const std::function<void()>& make, ImageError::Kind kind) {
+    try {
+        make();
+    } catch (const ImageError& error) {
+        if (error.kind() == kind) return ::testing::AssertionSuccess();
+        return ::testing::AssertionFailure() << "another kind of error: " << error.what();
+    }
+    return ::testing::AssertionFailure() << "no error";
+}
+
 } // namespace ovik::test

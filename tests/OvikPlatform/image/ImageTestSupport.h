@@ -11,6 +11,7 @@
 #include "OvikPlatform/image/Bitmap.h"
 #include "OvikPlatform/image/CGImage.h"
 #include "OvikPlatform/image/Image.h"
+#include "OvikPlatform/image/ImageError.h"
 #include "OvikPlatform/image/Pixel.h"
 #include "OvikPlatform/image/PixelRect.h"
 #include "OvikPlatform/image/RenderContext.h"
@@ -45,5 +46,7 @@ float difference(const Pixel& a, const Pixel& b);
 float maxError(const Rendered& rendered, const std::function<Pixel(std::int64_t x, std::int64_t y)>& expected);
 
 ::testing::AssertionResult near(const Pixel& actual, const Pixel& expected, float tolerance);
+/// Whether `make` throws an `ImageError` of `kind`.
+::testing::AssertionResult throwsKind(const std::function<void()>& make, ImageError::Kind kind);
 
 } // namespace ovik::test

@@ -1,3 +1,4 @@
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -13,12 +14,6 @@ namespace {
 
 using testing::TestMovies;
 
-std::filesystem::path written(const std::string& name, const std::string& bytes) {
-    const std::filesystem::path path = TestMovies::folder() / name;
-    std::ofstream(path, std::ios::binary) << bytes;
-    return path;
-}
-
 // The one-frame movie with its frame's length set to 0 in the time-to-sample table: a file
 // that gives no frame rate at all.
 std::filesystem::path withoutFrameRate() {
@@ -27,7 +22,7 @@ std::filesystem::path withoutFrameRate() {
     const std::size_t entries = stts + 8;
     EXPECT_EQ(bytes.substr(entries, 4), std::string("\0\0\0\1", 4)) << "one entry";
     bytes.replace(entries + 8, 4, std::string(4, '\0'));
-    return written("rateless.mp4", bytes);
+    return TestMovies::written("rateless.mp4", bytes);
 }
 
 TEST(MediaProbe, ReadsAMoviesShownSizeRateLengthTracksAndTurns) {
@@ -64,73 +59,45 @@ TEST(MediaProbe, ReadsAMoviesShownSizeRateLengthTracksAndTurns) {
     }
 }
 
-TEST(MediaProbe, RefusesMoviesItCantReadWithTheirPath) {
-    struct Case {
-        std::filesystem::path path;
-        MediaError::Kind kind;
-    };
-    const Case cases[] = {
-        {TestMovies::folder() / "nowhere.mov", MediaError::Kind::unreadable},
-        {written("noise.mov", std::string(2048, '\x17')), MediaError::Kind::unreadable},
-        {TestMovies::soundOnly(), MediaError::Kind::empty},
-    };
-    for (const Case& c : cases) {
-        try {
-            MediaProbe::movie(c.path);
-            ADD_FAILURE() << c.path;
-        } catch (const MediaError& error) {
-            EXPECT_EQ(error.kind(), c.kind) << c.path << ": " << error.what();
-            EXPECT_EQ(error.path(), c.path);
-        }
-    }
-}
-
-TEST(MediaProbe, PictureScaleFollowsTheDeclaredResolution) {
-    struct Case {
-        int dotsPerInch;
-        int scale;
-    };
-    // 72 dpi is one pixel a point; the scale rounds, and stays within 1...3.
-    const Case cases[] = {{20, 1}, {72, 1}, {100, 1}, {130, 2}, {144, 2}, {250, 3}, {300, 3}, {600, 3}};
-    for (const Case& c : cases) {
-        const std::filesystem::path path = TestMovies::folder() / ("dpi" + std::to_string(c.dotsPerInch) + ".png");
-        ASSERT_TRUE(testing::runFFmpeg("-f lavfi -i color=c=white:s=30x20 -frames:v 1 -dpi " +
-                                       std::to_string(c.dotsPerInch) + " " + path.string()));
-        const MediaProbe::Picture picture = MediaProbe::picture(path);
-        EXPECT_EQ(picture.scale, c.scale) << c.dotsPerInch;
+// A JPEG's header holds its resolution as a whole number of dots per inch (unit 1) or per
+// centimetre (unit 2), or an aspect ratio only (unit 0).
+TEST(MediaProbe, PictureScaleIsTheResolutionOver72DpiRoundedWithin1To3) {
+    const std::filesystem::path plain = TestMovies::folder() / "plain.jpg";
+    ASSERT_TRUE(testing::runFFmpeg("-f lavfi -i color=c=white:s=30x20 -frames:v 1 " + plain.string()));
+    const std::string jpeg = testing::fileBytes(plain);
+    const struct {
+        char unit;
+        int density, scale;
+    } cases[] = {{0, 300, 1}, {1, 20, 1}, {1, 107, 1}, {1, 108, 2}, {1, 179, 2}, {1, 180, 3}, {1, 600, 3}, {2, 50, 2}};
+    for (const auto& c : cases) {
+        std::string bytes = jpeg;
+        bytes.replace(bytes.find("JFIF") + 7, 3, {c.unit, char(c.density >> 8), char(c.density & 0xFF)});
+        const MediaProbe::Picture picture = MediaProbe::picture(TestMovies::written("dense.jpg", bytes));
+        EXPECT_EQ(picture.scale, c.scale) << c.density << " per unit " << int(c.unit);
         EXPECT_EQ(picture.width, 30);
         EXPECT_EQ(picture.height, 20);
-        EXPECT_TRUE(picture.png);
+        EXPECT_FALSE(picture.png);
     }
-}
-
-TEST(MediaProbe, PicturesWithoutAResolutionAreOnePixelAPointAndOnlyPNGsArePNG) {
-    const std::filesystem::path jpeg = TestMovies::folder() / "plain.jpg";
-    const std::filesystem::path png = TestMovies::folder() / "plain.png";
-    ASSERT_TRUE(testing::runFFmpeg("-f lavfi -i color=c=white:s=30x20 -frames:v 1 " + jpeg.string()));
-    ASSERT_TRUE(testing::runFFmpeg("-f lavfi -i color=c=white:s=30x20 -frames:v 1 " + png.string()));
-    EXPECT_FALSE(MediaProbe::picture(jpeg).png);
-    EXPECT_EQ(MediaProbe::picture(jpeg).scale, 1);
-    EXPECT_EQ(MediaProbe::picture(png).scale, 1);
+    // A PNG keeps whole pixels per metre: 144 dpi is stored as 5669.
+    const std::filesystem::path png = TestMovies::folder() / "dense.png";
+    ASSERT_TRUE(testing::runFFmpeg("-f lavfi -i color=c=white:s=30x20 -frames:v 1 -dpi 144 " + png.string()));
+    EXPECT_EQ(MediaProbe::picture(png).scale, 2);
     EXPECT_TRUE(MediaProbe::picture(png).png);
 }
 
-TEST(MediaProbe, RefusesPicturesItCantReadWithTheirPath) {
-    const std::filesystem::path paths[] = {
-        TestMovies::folder() / "nowhere.png",
-        written("noise.png", std::string(100, '\x42')),
-        written("cut.png", std::string("\x89PNG\r\n\x1a\n", 8)),
-        TestMovies::colours(),
+TEST(MediaProbe, RefusesFilesItCantReadWithTheirPath) {
+    using enum MediaError::Kind;
+    const std::pair<std::filesystem::path, MediaError::Kind> movies[] = {
+        {TestMovies::folder() / "nowhere.mov", unreadable},
+        {TestMovies::written("noise.mov", std::string(2048, '\x17')), unreadable},
+        {TestMovies::soundOnly(), empty},
     };
-    for (const std::filesystem::path& path : paths) {
-        try {
-            MediaProbe::picture(path);
-            ADD_FAILURE() << path;
-        } catch (const MediaError& error) {
-            EXPECT_EQ(error.kind(), MediaError::Kind::unreadable) << path;
-            EXPECT_EQ(error.path(), path);
-        }
-    }
+    for (const auto& [path, kind] : movies)
+        EXPECT_THAT([&] { MediaProbe::movie(path); }, testing::throwsMediaError(kind, path));
+    for (const std::filesystem::path& path :
+         {TestMovies::folder() / "nowhere.png", TestMovies::written("noise.png", std::string(100, '\x42')),
+          TestMovies::written("cut.png", std::string("\x89PNG\r\n\x1a\n", 8)), TestMovies::colours()})
+        EXPECT_THAT([&] { MediaProbe::picture(path); }, testing::throwsMediaError(unreadable, path));
 }
 
 } // namespace

@@ -1,15 +1,18 @@
 #pragma once
 // Movies made by the ffmpeg tool for the media tests, once per test run, in a temporary
 // folder that goes when the run ends.
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <map>
 #include <mutex>
 #include <string>
 
 #include "OvikPlatform/media/FFmpegTool.h"
+#include "OvikPlatform/media/MediaError.h"
 
 namespace ovik::testing {
 
@@ -59,6 +62,13 @@ public:
     /// A second of sound and no picture.
     static std::filesystem::path soundOnly() { return made("sound.m4a", "-f lavfi -i sine=d=1 -c:a aac"); }
 
+    /// `bytes` written as `name` in the folder.
+    static std::filesystem::path written(const std::string& name, const std::string& bytes) {
+        const std::filesystem::path path = folder() / name;
+        std::ofstream(path, std::ios::binary) << bytes;
+        return path;
+    }
+
     static std::filesystem::path folder() {
         static const Folder shared;
         return shared.path;
@@ -87,5 +97,11 @@ private:
         return path;
     }
 };
+
+/// Matches a call that throws a `MediaError` of `kind` naming the file at `path`.
+inline auto throwsMediaError(MediaError::Kind kind, const std::filesystem::path& path) {
+    return ::testing::Throws<MediaError>(
+        ::testing::AllOf(::testing::Property(&MediaError::kind, kind), ::testing::Property(&MediaError::path, path)));
+}
 
 } // namespace ovik::testing

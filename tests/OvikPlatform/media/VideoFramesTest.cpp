@@ -1,7 +1,7 @@
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <chrono>
-#include <fstream>
 #include <limits>
 #include <set>
 #include <thread>
@@ -89,18 +89,6 @@ TEST(VideoFrames, SeeksPastKeyFramesInsteadOfDecodingEveryFrameBetween) {
     }
 }
 
-TEST(VideoFrames, GivesTheExactFrameInsideAGroupOfPictures) {
-    // The HD movie's only key frame is its first, and its frames all differ; ffmpeg's frame
-    // at 0.5 s is the one that starts there.
-    VideoFrames frames(TestMovies::fullHD(), flags(), {.maxLongSide = 480, .tolerance = {}});
-    const std::optional<VideoFrame> frame = frames.frame(MediaTime{1, 2});
-    ASSERT_TRUE(frame);
-    EXPECT_EQ(frame->start, (MediaTime{1, 2}));
-    const CGImage expected =
-        testing::oracleFrame(TestMovies::fullHD(), 480, 270, "scale=480:270:flags=bilinear", "-ss 0.5");
-    EXPECT_GE(testing::psnr(*frame->image, expected), 30);
-}
-
 TEST(VideoFrames, ATolerancePermitsAnEarlierFrameReadSooner) {
     struct Case {
         MediaTime tolerance;
@@ -121,25 +109,26 @@ TEST(VideoFrames, ATolerancePermitsAnEarlierFrameReadSooner) {
         EXPECT_GE(frame->start, c.earliest) << c.tolerance.seconds();
         EXPECT_LE(frame->start, c.latest) << c.tolerance.seconds();
         EXPECT_LE(shared->reads, c.mostReads) << c.tolerance.seconds();
+        // Without a tolerance it is the exact frame, inside a group of pictures whose frames
+        // all differ: the one that starts at 0.5 s, as ffmpeg decodes it.
+        if (c.tolerance == MediaTime{}) {
+            const CGImage oracle =
+                testing::oracleFrame(TestMovies::fullHD(), 480, 270, "scale=480:270:flags=bilinear", "-ss 0.5");
+            EXPECT_GE(testing::psnr(*frame->image, oracle), 30);
+        }
     }
 }
 
 TEST(VideoFrames, ScalesDownToTheLongSideButNeverUp) {
-    struct Case {
-        std::optional<std::int64_t> maxLongSide;
-        std::int64_t width, height;
-    };
-    const Case cases[] = {{1400, 1400, 788}, {4000, 1920, 1080}, {std::nullopt, 1920, 1080}, {100, 100, 56}};
-    for (const Case& c : cases) {
-        VideoFrames frames(TestMovies::fullHD(), flags(), {.maxLongSide = c.maxLongSide, .tolerance = {}});
+    // 1920 × 1080 to a long side of 1400 is 787.5 high, rounded up.
+    using Size = std::pair<std::int64_t, std::int64_t>;
+    const std::pair<std::optional<std::int64_t>, Size> cases[] = {
+        {1400, {1400, 788}}, {4000, {1920, 1080}}, {std::nullopt, {1920, 1080}}, {100, {100, 56}}};
+    for (const auto& [maxLongSide, size] : cases) {
+        VideoFrames frames(TestMovies::fullHD(), flags(), {.maxLongSide = maxLongSide, .tolerance = {}});
         const std::optional<VideoFrame> frame = frames.frame({0, 1});
         ASSERT_TRUE(frame);
-        ASSERT_EQ(frame->image->width(), c.width);
-        ASSERT_EQ(frame->image->height(), c.height);
-        const CGImage expected = testing::oracleFrame(
-            TestMovies::fullHD(), c.width, c.height,
-            "scale=" + std::to_string(c.width) + ":" + std::to_string(c.height) + ":flags=bilinear");
-        EXPECT_GE(testing::psnr(*frame->image, expected), 30) << c.width;
+        EXPECT_EQ(Size(frame->image->width(), frame->image->height()), size);
     }
 }
 
@@ -163,38 +152,18 @@ TEST(VideoFrames, PremultipliesFramesWithAlpha) {
     EXPECT_LE(testing::maxErrorFrom(*frame->image, {128, 0, 0, 128}), 1);
 }
 
-class VideoFramesBadInput : public ::testing::Test {
-protected:
-    static std::filesystem::path written(const std::string& name, const std::string& bytes) {
-        const std::filesystem::path path = TestMovies::folder() / name;
-        std::ofstream(path, std::ios::binary) << bytes;
-        return path;
-    }
-};
-
-TEST_F(VideoFramesBadInput, GivesATypedErrorNamingTheFile) {
+TEST(VideoFrames, BadInputGivesATypedErrorNamingTheFile) {
+    using enum MediaError::Kind;
     const std::string movie = testing::fileBytes(TestMovies::colours());
-    struct Case {
-        std::filesystem::path path;
-        MediaError::Kind kind;
+    const std::pair<std::filesystem::path, MediaError::Kind> cases[] = {
+        {TestMovies::folder() / "missing.mp4", unreadable},
+        {TestMovies::written("garbage.mp4", std::string(4096, '\x5A')), unreadable},
+        {TestMovies::written("empty.mp4", ""), unreadable},
+        {TestMovies::written("truncated.mp4", movie.substr(0, movie.size() / 2)), unreadable},
+        {TestMovies::soundOnly(), empty},
     };
-    const Case cases[] = {
-        {TestMovies::folder() / "missing.mp4", MediaError::Kind::unreadable},
-        {written("garbage.mp4", std::string(4096, '\x5A')), MediaError::Kind::unreadable},
-        {written("empty.mp4", ""), MediaError::Kind::unreadable},
-        {written("truncated.mp4", movie.substr(0, movie.size() / 2)), MediaError::Kind::unreadable},
-        {TestMovies::soundOnly(), MediaError::Kind::empty},
-    };
-    for (const Case& c : cases) {
-        VideoFrames frames(c.path, flags());
-        try {
-            frames.frame({0, 1});
-            ADD_FAILURE() << c.path << " read";
-        } catch (const MediaError& error) {
-            EXPECT_EQ(error.kind(), c.kind) << c.path << ": " << error.what();
-            EXPECT_EQ(error.path(), c.path);
-        }
-    }
+    for (const auto& [path, kind] : cases)
+        EXPECT_THAT([&] { VideoFrames(path, flags()).frame({0, 1}); }, testing::throwsMediaError(kind, path));
 }
 
 TEST(VideoFramesDeadlines, AStuckDecoderIsReplacedUntilThreeTimeOutInARow) {

@@ -41,18 +41,12 @@ TEST(CGContextPaint, ShapesCoverTheirPixelsCountedFromTheBottomLeft) {
     };
     const Case cases[] = {
         {"a rectangle", CGContext::rectPath(rect(0, 0, 3, 2)), {{0, 0}, {2, 1}}, {{3, 0}, {0, 2}, {0, 19}}},
-        {"top corners round, bottom ones stay square",
-         CGContext::roundedPath(rect(0, 0, 20, 20), 10, 0),
-         {{0, 0}, {19, 0}, {10, 18}},
-         {{0, 19}, {19, 19}}},
-        {"radii are limited to half the smaller side",
-         CGContext::roundedPath(rect(0, 0, 40, 10), 100, 100),
-         {{20, 9}, {20, 0}, {5, 5}, {35, 5}},
-         {{0, 9}, {0, 0}, {39, 9}, {39, 0}}},
-        {"a negative or non-finite radius is square",
-         CGContext::roundedPath(rect(0, 0, 20, 20), -5, nan),
-         {{0, 0}, {0, 19}, {19, 19}, {19, 0}},
-         {{20, 0}}},
+        {"top corners round, bottom ones stay square", CGContext::roundedPath(rect(0, 0, 20, 20), 10, 0),
+         {{0, 0}, {19, 0}, {10, 18}}, {{0, 19}, {19, 19}}},
+        {"radii are limited to half the smaller side", CGContext::roundedPath(rect(0, 0, 40, 10), 100, 100),
+         {{20, 9}, {20, 0}, {5, 5}, {35, 5}}, {{0, 9}, {0, 0}, {39, 9}, {39, 0}}},
+        {"a negative or non-finite radius is square", CGContext::roundedPath(rect(0, 0, 20, 20), -5, nan),
+         {{0, 0}, {0, 19}, {19, 19}, {19, 0}}, {{20, 0}}},
         {"an ellipse", CGContext::ellipsePath(rect(0, 0, 20, 10)), {{10, 5}, {1, 5}, {10, 8}}, {{0, 0}, {19, 9}, {0, 9}}},
     };
     for (const Case& c : cases) {
@@ -65,18 +59,15 @@ TEST(CGContextPaint, ShapesCoverTheirPixelsCountedFromTheBottomLeft) {
 }
 
 TEST(CGContextPaint, ColoursAreSRGBComponentsStoredPremultiplied) {
-    const struct {
-        ImageColor color;
-        RGBA expected;
-    } cases[] = {
+    const std::pair<ImageColor, RGBA> cases[] = {
         {{0.5, 0.25, 1, 1}, {128, 64, 255, 255}},
         {{1, 0, 0, 0.5}, {128, 0, 0, 128}},
         {{2, -1, 0.5, 1}, {255, 0, 128, 255}},
     };
-    for (const auto& c : cases) {
+    for (const auto& [colour, expected] : cases) {
         CGContext context(2, 2);
-        context.fill(CGContext::rectPath(rect(0, 0, 2, 2)), c.color);
-        EXPECT_LE(testing::maxErrorFrom(context.makeImage(), c.expected), 1) << c.expected[0];
+        context.fill(CGContext::rectPath(rect(0, 0, 2, 2)), colour);
+        EXPECT_LE(testing::maxErrorFrom(context.makeImage(), expected), 1) << expected[0];
     }
 }
 
@@ -94,22 +85,28 @@ TEST(CGContextPaint, SavedStateBracketsTranslationAndClip) {
     context.restoreGState();
     context.fill(CGContext::rectPath(rect(0, 0, 1, 10)), blue);
     const CGImage image = context.makeImage();
-    const struct {
-        Point at;
-        RGBA expected;
-    } checks[] = {{{7, 7}, opaqueRed}, {{2, 7}, clear}, {{7, 2}, clear}, {{0, 0}, opaqueBlue}, {{0, 9}, opaqueBlue}};
-    for (const auto& c : checks)
-        EXPECT_EQ(at(image, c.at.x, c.at.y), c.expected) << c.at.x << "," << c.at.y;
+    const std::pair<Point, RGBA> checks[] = {
+        {{7, 7}, opaqueRed}, {{2, 7}, clear}, {{7, 2}, clear}, {{0, 0}, opaqueBlue}, {{0, 9}, opaqueBlue}};
+    for (const auto& [p, expected] : checks) EXPECT_EQ(at(image, p.x, p.y), expected) << p.x << "," << p.y;
 }
 
-TEST(CGContextPaint, ImagesFollowTheTransform) {
+TEST(CGContextPaint, ImagesAreDrawnUprightWhereTheTransformPutsThem) {
+    // Red, green over blue, white, drawn a pixel a pixel at (2, 1).
+    const CGImage quadrants(2, 2, 8, {255, 0, 0, 255, 0, 255, 0, 255, 0, 0, 255, 255, 255, 255, 255, 255});
     CGContext context(4, 4);
     context.setInterpolationQuality(CGContext::InterpolationQuality::none);
     context.translateBy(2, 1);
-    context.draw(CGImage(1, 1, 4, {0, 0, 255, 255}), rect(0, 0, 1, 1));
+    context.draw(quadrants, rect(0, 0, 2, 2));
     const CGImage image = context.makeImage();
+    EXPECT_EQ(at(image, 2, 2), opaqueRed);
+    EXPECT_EQ(at(image, 3, 2), (RGBA{0, 255, 0, 255}));
     EXPECT_EQ(at(image, 2, 1), opaqueBlue);
-    EXPECT_EQ(at(image, 0, 0), clear);
+    EXPECT_EQ(at(image, 1, 1), clear);
+    // Drawn small at high quality, the four average.
+    CGContext small(1, 1);
+    small.setInterpolationQuality(CGContext::InterpolationQuality::high);
+    small.draw(quadrants, rect(0, 0, 1, 1));
+    EXPECT_LE(testing::maxErrorFrom(small.makeImage(), {128, 128, 128, 255}), 3);
 }
 
 TEST(CGContextPaint, GradientsReachTheirStopsAndCarryTheEndsOn) {
@@ -134,7 +131,9 @@ TEST(CGContextPaint, GradientsReachTheirStopsAndCarryTheEndsOn) {
          },
          {{{0, 0}, opaqueRed}, {{0, 25}, {0, 255, 0, 255}}, {{0, 62}, {0, 129, 126, 255}}}},
         {"ends carried past the points",
-         [&](CGContext& c) { c.fillLinearGradient(CGContext::rectPath(rect(0, 0, 1, 100)), blackToWhite, {0, 40}, {0, 60}); },
+         [&](CGContext& c) {
+             c.fillLinearGradient(CGContext::rectPath(rect(0, 0, 1, 100)), blackToWhite, {0, 40}, {0, 60});
+         },
          {{{0, 10}, {0, 0, 0, 255}}, {{0, 90}, {255, 255, 255, 255}}}},
     };
     for (const Case& c : cases) {
