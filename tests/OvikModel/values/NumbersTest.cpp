@@ -22,10 +22,9 @@ TEST(Numbers, OneValueIsABareNumberAnyOtherCountAnArray) {
     }
     EXPECT_EQ(decodeJSON<Numbers>(std::string_view("[0.5]")), (Numbers{{0.5}}));
     const DecodingFailure failures[] = {
-        {R"("2")", DecodingError::Kind::typeMismatch, "", "Expected to decode Array<Any> but found a string instead."},
-        {R"([1,"a"])", DecodingError::Kind::typeMismatch, "[1]",
-         "Expected to decode Double but found a string instead."},
-        {"null", DecodingError::Kind::valueNotFound, "", "Expected Array<Any> value but found null instead."},
+        {R"("2")", DecodingError::Kind::typeMismatch, ""},
+        {R"([1,"a"])", DecodingError::Kind::typeMismatch, "[1]"},
+        {"null", DecodingError::Kind::valueNotFound, ""},
     };
     for (const DecodingFailure& failure : failures) expectRefused<Numbers>(failure);
 }

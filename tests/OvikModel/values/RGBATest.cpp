@@ -49,18 +49,14 @@ TEST(RGBA, JSONKeepsFullPrecisionAndUnclampedButFiniteChannels) {
     EXPECT_EQ(decodeJSON<RGBA>(std::string_view(text)), colour);
     EXPECT_EQ(colour.exactJSON().compact(), "[1.2,0.30000000000000004,-0.25,1]");
     EXPECT_THROW((void)JSONWriter::write(encodeJSON(RGBA{NAN, 0, 0, 1})), EncodingError);
-    expectRefused<RGBA>({R"({"red":1,"green":0,"blue":0})", DecodingError::Kind::keyNotFound, "alpha",
-                         "No value associated with key \"alpha\"."});
+    expectRefused<RGBA>({R"({"red":1,"green":0,"blue":0})", DecodingError::Kind::keyNotFound, "alpha"});
 }
 
 TEST(PixelSize, JSONAndDescription) {
     const PixelSize size{1920, 1080};
     EXPECT_EQ(JSONWriter::write(encodeJSON(size)), R"({"height":1080,"width":1920})");
-    EXPECT_EQ(decodeJSON<PixelSize>(std::string_view(R"({"width":1920,"height":1080})")), size);
     EXPECT_EQ(size.description(), "1920 × 1080");
-
-    expectRefused<PixelSize>({R"({"width":19.5,"height":1})", DecodingError::Kind::dataCorrupted, "width",
-                              "Parsed JSON number <19.5> does not fit in Int."});
+    expectRefused<PixelSize>({R"({"width":19.5,"height":1})", DecodingError::Kind::dataCorrupted, "width"});
 }
 
 } // namespace

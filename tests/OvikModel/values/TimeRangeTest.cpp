@@ -52,9 +52,8 @@ TEST(TimeRange, JSONHasBothKeysRequired) {
               (OutputRange{OutputTime{9}, OutputTime{3}}));
 
     const DecodingFailure failures[] = {
-        {R"({"start":0})", DecodingError::Kind::keyNotFound, "end", "No value associated with key \"end\"."},
-        {R"({"start":0.5,"end":1})", DecodingError::Kind::dataCorrupted, "start",
-         "Parsed JSON number <0.5> does not fit in Int."},
+        {R"({"start":0})", DecodingError::Kind::keyNotFound, "end"},
+        {R"({"start":0.5,"end":1})", DecodingError::Kind::dataCorrupted, "start"},
     };
     for (const DecodingFailure& failure : failures) expectRefused<SourceRange>(failure);
 }

@@ -62,9 +62,9 @@ TEST(Times, JSONIsTheBareMicrosecondCountWithoutAFraction) {
     EXPECT_EQ(JSONWriter::write(encodeJSON(MediaDuration{largest})), "9223372036854775807");
     EXPECT_EQ(decodeJSON<MediaDuration>(std::string_view("-9223372036854775808")), MediaDuration{smallest});
     const DecodingFailure failures[] = {
-        {"[1.5]", DecodingError::Kind::dataCorrupted, "[0]", "Parsed JSON number <1.5> does not fit in Int."},
-        {R"(["5"])", DecodingError::Kind::typeMismatch, "[0]", "Expected to decode Int but found a string instead."},
-        {"[null]", DecodingError::Kind::valueNotFound, "[0]", "Expected Int value but found null instead."},
+        {"[1.5]", DecodingError::Kind::dataCorrupted, "[0]"},
+        {R"(["5"])", DecodingError::Kind::typeMismatch, "[0]"},
+        {"[null]", DecodingError::Kind::valueNotFound, "[0]"},
     };
     for (const DecodingFailure& failure : failures) expectRefused<std::vector<OutputTime>>(failure);
 }

@@ -19,13 +19,6 @@ std::string written(const Section& section) {
     return value.compact();
 }
 
-KeptStretch playing(std::int64_t start, std::int64_t end, bool resumes = false) {
-    KeptStretch stretch;
-    stretch.range = {SourceTime{start}, SourceTime{end}};
-    stretch.resumes = resumes;
-    return stretch;
-}
-
 TEST(SectionLength, ParallelListsBecomeStretchesAndBack) {
     const Section section = read(R"("keptRanges":[{"start":0,"end":10},{"start":10,"end":20},{"start":30,"end":40}],)"
                                  R"("rates":[1,2,1],"autoRates":[1,7],"resumes":[2],)"
@@ -57,32 +50,7 @@ TEST(SectionLength, WritesOnlyWhatDiffersFromPlainPlaying) {
     for (const auto& [keys, expected] : cases) EXPECT_EQ(written(read(keys)), expected) << keys;
 }
 
-TEST(SectionLength, FreezesGoBeforeTheFirstStretchAfterTheirFrame) {
-    struct Case {
-        std::int64_t at;
-        std::vector<SourceTime> starts;
-    };
-    const Case cases[] = {
-        {0, {SourceTime{0}, SourceTime{0}, SourceTime{10}}},
-        {10, {SourceTime{0}, SourceTime{10}, SourceTime{10}}},
-        {5, {SourceTime{0}, SourceTime{5}, SourceTime{5}, SourceTime{10}}},
-        {30, {SourceTime{0}, SourceTime{10}, SourceTime{30}}},
-    };
-    for (const Case& c : cases) {
-        std::vector<KeptStretch> stretches{playing(0, 10), playing(10, 20)};
-        insertFreeze(stretches, KeptStretch::freeze(SourceTime{c.at}, MediaDuration{1}));
-        std::vector<SourceTime> starts;
-        for (const KeptStretch& s : stretches) starts.push_back(s.range.start);
-        EXPECT_EQ(starts, c.starts) << c.at;
-    }
-    // A second freeze at the same frame lands after the first.
-    std::vector<KeptStretch> stretches{playing(0, 10)};
-    insertFreeze(stretches, KeptStretch::freeze(SourceTime{0}, MediaDuration{1}));
-    insertFreeze(stretches, KeptStretch::freeze(SourceTime{0}, MediaDuration{2}));
-    EXPECT_EQ(stretches[1].hold, MediaDuration{2});
-}
-
-TEST(SectionSpeed, ASpeedThatSaysNothingIsDroppedAndNeverWritten) {
+TEST(SectionLength, ASpeedThatSaysNothingIsDroppedAndNeverWritten) {
     const char* identities[] = {R"({})", R"({"keys":[{"at":0,"rate":1},{"at":9,"rate":1,"curve":"linear"}]})"};
     for (const char* speed : identities) {
         const Section section = read(std::string(R"("stillDuration":1,"speed":)") + speed + "}");

@@ -1,11 +1,6 @@
 #include <gtest/gtest.h>
 
-#include <cmath>
-#include <limits>
-
-#include "OvikModel/time/Freeze.h"
-#include "OvikModel/time/Speed.h"
-#include "TimeSamples.h"
+#include "OvikModel/time/TimeSamples.h"
 
 namespace ovik {
 namespace {
@@ -13,7 +8,7 @@ namespace {
 using testing::frozen;
 using testing::playing;
 
-TEST(StretchArithmetic, OutputLengthNeverCollapses) {
+TEST(KeptStretch, OutputLengthNeverCollapses) {
     struct Case {
         KeptStretch stretch;
         std::int64_t output;
@@ -26,7 +21,7 @@ TEST(StretchArithmetic, OutputLengthNeverCollapses) {
         EXPECT_EQ(c.stretch.outputLength().microseconds, c.output) << c.stretch.range.description();
 }
 
-TEST(StretchArithmetic, ReversedStretchRunsFromItsEnd) {
+TEST(KeptStretch, ReversedStretchRunsFromItsEnd) {
     const KeptStretch reversed = playing(100, 1100, 2, true);
     EXPECT_EQ(reversed.sourceOffset(MediaDuration{}).microseconds, 1000);
     EXPECT_EQ(reversed.outputOffset(MediaDuration{1000}), reversed.outputLength());
@@ -35,7 +30,7 @@ TEST(StretchArithmetic, ReversedStretchRunsFromItsEnd) {
     EXPECT_EQ(atRateOne.sourceOffset(MediaDuration{10}).microseconds, 40);
 }
 
-TEST(StretchArithmetic, OffsetsAreClampedToTheStretch) {
+TEST(KeptStretch, OffsetsAreClampedToTheStretch) {
     const KeptStretch fast = playing(0, 100, 4);
     EXPECT_EQ(fast.sourceOffset(MediaDuration{1000}).microseconds, 100);
     EXPECT_EQ(fast.sourceOffset(MediaDuration{-5}).microseconds, 0);
@@ -43,26 +38,13 @@ TEST(StretchArithmetic, OffsetsAreClampedToTheStretch) {
     EXPECT_EQ(frozen(30, 9).sourceOffset(MediaDuration{5}).microseconds, 0);
 }
 
-TEST(StretchArithmetic, AudibleUpToTheLimitWithRoundingSlack) {
+TEST(KeptStretch, AudibleUpToTheLimitWithRoundingSlack) {
     EXPECT_TRUE(playing(0, 10, 4.0000000005).isAudible());
     EXPECT_FALSE(playing(0, 10, 4.01).isAudible());
     EXPECT_FALSE(frozen(0, 10).isAudible());
 }
 
-TEST(StretchArithmetic, SpeedAndFreezeLimits) {
-    const double nan = std::numeric_limits<double>::quiet_NaN();
-    const std::pair<double, double> speeds[] = {{nan, 1}, {0.2, 0.5}, {0.5, 0.5}, {1.234, 1.23}, {20, 8}, {-3, 0.5}};
-    for (const auto& [in, out] : speeds) EXPECT_EQ(Speed::clamped(in), out) << in;
-    const std::pair<double, const char*> texts[] = {{1, "1×"}, {1.5, "1.5×"}, {0.75, "0.75×"}, {2.10, "2.1×"}};
-    for (const auto& [rate, text] : texts) EXPECT_EQ(Speed::text(rate), text);
-    const std::pair<double, std::int64_t> freezes[] = {
-        {nan, 2'000'000}, {0.05, 100'000}, {0.1, 100'000}, {1.5, 1'500'000}, {90, 30'000'000}};
-    for (const auto& [seconds, length] : freezes) EXPECT_EQ(Freeze::clamped(seconds).microseconds, length) << seconds;
-    const std::pair<double, double> sectionRates[] = {{0.01, 0.05}, {1.23456, 1.235}, {9, 8}, {nan, 1}};
-    for (const auto& [in, out] : sectionRates) EXPECT_EQ(SectionSpeed::clamped(in), out) << in;
-}
-
-TEST(StretchArithmetic, JoinedMergesOnlySeamsThatResume) {
+TEST(KeptStretch, JoinedMergesOnlySeamsThatResume) {
     KeptStretch right = playing(10, 20);
     right.resumes = true;
     KeptStretch faster = right;
@@ -82,6 +64,32 @@ TEST(StretchArithmetic, JoinedMergesOnlySeamsThatResume) {
     for (const Case& c : cases) EXPECT_EQ(joined(c.list, c.indices).size(), c.count);
     EXPECT_EQ(joined({playing(0, 10), right}, {1})[0].range.end, SourceTime{20});
 }
+
+TEST(KeptStretch, AFreezeGoesBeforeTheFirstStretchAfterItsFrame) {
+    struct Case {
+        std::int64_t at;
+        std::vector<SourceTime> starts;
+    };
+    const Case cases[] = {
+        {0, {SourceTime{0}, SourceTime{0}, SourceTime{10}}},
+        {10, {SourceTime{0}, SourceTime{10}, SourceTime{10}}},
+        {5, {SourceTime{0}, SourceTime{5}, SourceTime{5}, SourceTime{10}}},
+        {30, {SourceTime{0}, SourceTime{10}, SourceTime{30}}},
+    };
+    for (const Case& c : cases) {
+        std::vector<KeptStretch> stretches{playing(0, 10), playing(10, 20)};
+        insertFreeze(stretches, KeptStretch::freeze(SourceTime{c.at}, MediaDuration{1}));
+        std::vector<SourceTime> starts;
+        for (const KeptStretch& s : stretches) starts.push_back(s.range.start);
+        EXPECT_EQ(starts, c.starts) << c.at;
+    }
+    // A second freeze at the same frame lands after the first.
+    std::vector<KeptStretch> stretches{playing(0, 10)};
+    insertFreeze(stretches, KeptStretch::freeze(SourceTime{0}, MediaDuration{1}));
+    insertFreeze(stretches, KeptStretch::freeze(SourceTime{0}, MediaDuration{2}));
+    EXPECT_EQ(stretches[1].hold, MediaDuration{2});
+}
+
 
 } // namespace
 } // namespace ovik

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include <numeric>
+#include <cmath>
 
 #include "OvikModel/draft/SectionSpeed.h"
 
@@ -15,9 +15,9 @@ Key key(std::int64_t at, double rate, std::optional<ActionCurve> curve = std::nu
 }
 ActionCurve linear() { return ActionCurve{{}, ActionCurve::linear{}}; }
 
-std::int64_t outputOf(const std::vector<Piece>& pieces) {
-    return std::accumulate(pieces.begin(), pieces.end(), std::int64_t(0),
-                           [](std::int64_t sum, const Piece& p) { return sum + p.output.microseconds; });
+TEST(SectionSpeed, ClampedKeepsTheRangeAndRoundsToThousandths) {
+    const std::pair<double, double> rates[] = {{0.01, 0.05}, {1.23456, 1.235}, {9, 8}, {NAN, 1}};
+    for (const auto& [in, out] : rates) EXPECT_EQ(SectionSpeed::clamped(in), out) << in;
 }
 
 TEST(SectionSpeed, RateBetweenKeys) {
@@ -67,7 +67,7 @@ TEST(SectionSpeed, EqualEndRatesMakeOneFlatPieceWhateverTheCurve) {
     const SectionSpeed speed = SectionSpeed::make({key(0, 2, sag), key(1'000'000, 2)}, {}, false);
     const auto pieces = speed.pieces(MediaDuration{1'000'000}, false);
     ASSERT_EQ(pieces.size(), 1u);
-    EXPECT_EQ(outputOf(pieces), 500'000);
+    EXPECT_EQ(pieces[0].output.microseconds, 500'000);
 }
 
 TEST(SectionSpeed, ExcerptKeepsTheRatesAtItsEnds) {

@@ -91,22 +91,20 @@ TEST(Draft, BadDraftsAreRefusedWithTextAndPlace) {
         {withSection(canvasSection + R"("keptRanges":[{"start":0,"end":1},{"start":1,"end":2},{"start":3,"end":4}],)"
                                      R"("rates":[1,2])"),
          Kind::dataCorrupted, "sections[0].rates", "2 rates for 3 kept ranges"},
-        {withSection(canvasSection + R"("rates":[1])"), Kind::keyNotFound, "sections[0].keptRanges",
-         "No value associated with key \"keptRanges\"."},
+        {withSection(canvasSection + R"("rates":[1])"), Kind::keyNotFound, "sections[0].keptRanges", nullptr},
         {withMedia(R"({"film":{}})"), Kind::dataCorrupted, "media[0].source",
          "Unknown media kind film: the draft was made by a newer Ovik"},
         {withMedia(R"({"image":)" + shot + "}"), Kind::dataCorrupted, "media[0].source.image",
          "An imported image needs the file it came from"},
         {withMedia(R"({"video":)" + recording + "}"), Kind::dataCorrupted, "media[0].source.video",
          "An imported video needs the file it came from"},
-        {withMedia(R"("canvas")"), Kind::dataCorrupted, "media[0].source", "Case canvas needs a value"},
-        {withKeys(R"(,"camera":{"corner":"middle"})"), Kind::dataCorrupted, "camera.corner",
-         "Cannot initialize CameraCorner from invalid String value middle"},
+        {withMedia(R"("canvas")"), Kind::dataCorrupted, "media[0].source", nullptr},
+        {withKeys(R"(,"camera":{"corner":"middle"})"), Kind::dataCorrupted, "camera.corner", nullptr},
         {withKeys(R"(,"frame":[[0,0]])"), Kind::dataCorrupted, "frame",
          "Expected an origin and a size but found 1 values."},
         {R"({"schema":8,"id":"6F1C2B9A-0D4E-4B7A-9C3E-2A1B0C9D8E7F","name":"n"})", Kind::keyNotFound, "createdAt",
-         "No value associated with key \"createdAt\"."},
-        {"[]", Kind::typeMismatch, "", "Expected to decode Dictionary<String, Any> but found an array instead."},
+         nullptr},
+        {"[]", Kind::typeMismatch, "", nullptr},
     };
     for (const Case& c : cases) testing::expectRefused<Draft>({c.json.c_str(), c.kind, c.path, c.text});
 }

@@ -1,0 +1,152 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <set>
+
+#include "OvikModel/Draft.h"
+#include "OvikModel/draft/DraftSamples.h"
+
+namespace ovik {
+namespace {
+
+using testing::draftJSON;
+
+// 2024-03-05 14:07:59.9 UTC.
+constexpr double march5 = 731340479.9;
+
+constexpr std::string_view recordingMedia =
+    R"({"id":"00000000-0000-0000-0000-00000000000B","source":{"recording":{"segments":[],)"
+    R"("pixelSize":{"height":1,"width":1},"frameRate":30,"area":{"displayID":1,"rect":[[0,0],[1,1]],"scale":1}}}})";
+
+Draft read(const std::string& json) { return decodeJSON<Draft>(std::string_view(json)); }
+
+TEST(DraftNames, DateAndTimeInTheGivenZone) {
+    struct Case {
+        Date date;
+        std::int64_t offset;
+        OutputKind kind;
+        const char* name;
+        const char* month;
+    };
+    const Case cases[] = {
+        {Date{march5}, 0, OutputKind::screenshot, "2024-03-05 截图 14.07", "2024-03"},
+        {Date{march5}, 9 * 3600 + 1800, OutputKind::recording, "2024-03-05 录屏 23.37", "2024-03"},
+        {Date{march5}, 10 * 3600, OutputKind::animation, "2024-03-06 动画 00.07", "2024-03"},
+        {Date{0}, -3600, OutputKind::screenshot, "2000-12-31 截图 23.00", "2000-12"},
+        {Date{-0.5}, 0, OutputKind::screenshot, "2000-12-31 截图 23.59", "2000-12"},
+        {Date::fromSecondsSince1970(951782400), 0, OutputKind::screenshot, "2000-02-29 截图 00.00", "2000-02"},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(Draft::baseName(c.kind, c.date, TimeZone{c.offset}), c.name) << c.name;
+        EXPECT_EQ(Draft::monthFolderName(c.date, TimeZone{c.offset}), c.month) << c.name;
+    }
+    EXPECT_EQ(Draft::baseName("Take", Date{march5}, TimeZone{}), "2024-03-05 Take 14.07");
+}
+
+TEST(DraftNames, UniqueNameCountsUpFromTwo) {
+    const std::set<std::string> taken{"a", "a 2", "b 2"};
+    const auto isTaken = [&](const std::string& name) { return taken.count(name) > 0; };
+    EXPECT_EQ(Draft::uniqueName("a", isTaken), "a 3");
+    EXPECT_EQ(Draft::uniqueName("b", isTaken), "b");
+}
+
+TEST(DraftNames, StillsLastOneToThirtySeconds) {
+    const std::pair<double, std::int64_t> cases[] = {{0.2, 1'000'000}, {90, 30'000'000}, {2.5, 2'500'000},
+                                                     {-4, 1'000'000},  {NAN, 5'000'000}, {INFINITY, 5'000'000}};
+    for (const auto& [seconds, microseconds] : cases)
+        EXPECT_EQ(Draft::clampedStill(seconds), MediaDuration{microseconds}) << seconds;
+}
+
+TEST(Draft, ANewAnimationIsOneCanvasStill) {
+    Canvas canvas;
+    canvas.pixelSize = {1280, 720};
+    canvas.scale = -2;
+    const Draft draft = Draft::newAnimation(canvas, MediaDuration{90'000'000}, Date{march5}, DraftID{}, TimeZone{});
+    EXPECT_EQ(draft.outputKind(), OutputKind::animation);
+    EXPECT_EQ(draft.source().as<MediaSource::canvas>().value.scale, 1);
+    EXPECT_EQ(draft.sections[0].length, Section::Length::makeStill(MediaDuration{30'000'000}));
+    EXPECT_FALSE(draft.structureProblem().has_value());
+    EXPECT_TRUE(draft.isCaptureAsIs());
+    EXPECT_EQ(decodeJSON<Draft>(encodeJSON(draft)), draft);
+}
+
+TEST(Draft, KindsFollowTheMediaAndTheAnimationFlag) {
+    const std::string both = std::string(testing::canvasMedia) + "," + std::string(recordingMedia);
+    const std::string animated = R"(,"isAnimation":true)";
+    struct Case {
+        std::string json;
+        DraftKind kind;
+        OutputKind output;
+        bool timed;
+    };
+    const Case cases[] = {
+        {draftJSON(), DraftKind::screenshot, OutputKind::screenshot, false},
+        {draftJSON(testing::canvasMedia, testing::stillSection, animated), DraftKind::screenshot,
+         OutputKind::animation, true},
+        {draftJSON(both, testing::stillSection, animated), DraftKind::recording, OutputKind::recording, true},
+    };
+    for (const Case& c : cases) {
+        const Draft draft = read(c.json);
+        EXPECT_EQ(draft.kind(), c.kind) << c.json;
+        EXPECT_EQ(draft.outputKind(), c.output) << c.json;
+        EXPECT_EQ(draft.isTimed(), c.timed) << c.json;
+    }
+    // The primary media is the one the first section shows, wherever it stands.
+    Draft draft = read(draftJSON(both));
+    std::swap(draft.media.mutableItems()[0], draft.media.mutableItems()[1]);
+    EXPECT_EQ(draft.primaryMediaIndex(), 1u);
+    EXPECT_TRUE(draft.source().is<MediaSource::canvas>());
+    draft.sections.mutableItems()[0].media = MediaID{};
+    EXPECT_EQ(draft.primaryMediaIndex(), 0u);
+}
+
+TEST(Draft, CaptureAsIsNeedsOneMediaPlacedAsItIsAndNothingShown) {
+    const std::string hiddenText =
+        R"(,"objects":[{"id":"00000000-0000-0000-0000-000000000001","name":"g","isHidden":true,"isLocked":false,)"
+        R"("content":{"group":[{"id":"00000000-0000-0000-0000-000000000002","name":"t","isHidden":false,)"
+        R"("isLocked":false,"content":{"annotation":{"text":{"origin":[0,0],"string":"x","fontSize":9,)"
+        R"("weight":"regular","alignment":"leading","color":{"alpha":1,"blue":0,"green":0,"red":0}}}}}]}}])";
+    const Draft plain = read(draftJSON(testing::canvasMedia, testing::stillSection, hiddenText));
+    EXPECT_TRUE(plain.isCaptureAsIs());
+    const std::pair<const char*, void (*)(Draft&)> changes[] = {
+        {"shown object", [](Draft& d) { d.objects.mutableItems()[0].isHidden = false; }},
+        {"moved", [](Draft& d) { d.media.mutableItems()[0].placement.rotation = 0.1; }},
+        {"blended", [](Draft& d) { d.media.mutableItems()[0].blend = BlendMode::screen; }},
+        {"padded", [](Draft& d) { d.style.padding = 4; }},
+        {"two media", [](Draft& d) { d.media.mutableItems().push_back(d.media[0]); }},
+        {"blur over a picture", [](Draft& d) { d.style.backgroundBlur = 8, d.style.background = {{}, Background::wallpaper{}}; }},
+    };
+    for (const auto& [name, change] : changes) {
+        Draft draft = plain;
+        change(draft);
+        EXPECT_FALSE(draft.isCaptureAsIs()) << name;
+    }
+    // A blur counts only behind a picture; a disabled section counts as off.
+    Draft blurred = plain;
+    blurred.style.backgroundBlur = 8;
+    EXPECT_TRUE(blurred.isCaptureAsIs());
+    blurred.style.background = Background{{}, Background::wallpaper{}};
+    blurred.style.disabled = {StyleSection::background};
+    EXPECT_TRUE(blurred.isCaptureAsIs());
+}
+
+TEST(Draft, TextsAreBoundToTheLaterCopyOfTheirFont) {
+    Draft draft = read(testing::richDraftText());
+    const auto font = [](const Draft& d) {
+        const auto& group = *d.objects[0].content.children();
+        return *group[0].annotation()->as<Annotation::text>().value.font;
+    };
+    ASSERT_EQ(font(draft).packageCopy, "dd44");
+    draft.fonts.mutableItems()[1].sha256 = "9999";
+    const Draft before = draft;
+    const auto memoValue = draft.memo.value<int>({"probe"}, [] { return 1; });
+    draft.bindPackageFonts();
+    EXPECT_EQ(font(draft).packageCopy, "9999");
+    EXPECT_EQ(font(before).packageCopy, "dd44"); // the copy that shared the tree keeps it
+    EXPECT_NE(draft.memo.value<int>({"probe"}, [] { return 2; }), memoValue);
+    // A text whose font the package doesn't keep is left alone.
+    EXPECT_FALSE(draft.objects[1].annotation()->as<Annotation::text>().value.font->packageCopy.has_value());
+}
+
+} // namespace
+} // namespace ovik
