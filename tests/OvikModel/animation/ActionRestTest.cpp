@@ -35,12 +35,12 @@ TEST(ActionRest, OwnValuesComeFirstThenTheRowsRest) {
 TEST(ActionRest, FontTags) {
     Action axis = on(PropertyKey::fontAxis());
     axis.axis = "GRAD";
-    EXPECT_EQ(on(PropertyKey::fontWeight()).fontTag(), "wght");
-    EXPECT_EQ(on(PropertyKey::fontWidth()).fontTag(), "wdth");
-    EXPECT_EQ(on(PropertyKey::fontSlant()).fontTag(), "slnt");
-    EXPECT_EQ(axis.fontTag(), "GRAD");
-    EXPECT_EQ(on(PropertyKey::fontAxis()).fontTag(), std::nullopt);
-    EXPECT_EQ(on(PropertyKey::opacity()).fontTag(), std::nullopt);
+    const std::pair<Action, std::optional<std::string>> cases[] = {
+        {on(PropertyKey::fontWeight()), "wght"}, {on(PropertyKey::fontWidth()), "wdth"},
+        {on(PropertyKey::fontSlant()), "slnt"},  {axis, "GRAD"},
+        {on(PropertyKey::fontAxis()), std::nullopt}, {on(PropertyKey::opacity()), std::nullopt},
+    };
+    for (const auto& [action, tag] : cases) EXPECT_EQ(action.fontTag(), tag) << action.property.name();
 }
 
 TEST(ActionFactories, HoldingHeldAndBecome) {

@@ -11,20 +11,6 @@ namespace {
 
 using namespace testing;
 
-TEST(ActionState, RestHoldsTheNeutralOfEveryPlace) {
-    const ActionState& rest = ActionState::rest();
-    EXPECT_EQ(rest[PropertyKey::scale()], 1);
-    EXPECT_EQ(rest[PropertyKey::opacity()], 1);
-    EXPECT_EQ(rest[PropertyKey::rotation()], 0);
-    EXPECT_EQ(rest.offset(), (CGVector{0, 0}));
-    EXPECT_FALSE(rest.color(PropertyKey::color()));
-    EXPECT_FALSE(rest.latestValue(PropertyKey::text()));
-    EXPECT_TRUE(rest.isPlain());
-    EXPECT_FALSE(rest.isInDepth());
-    // A key without a number place reads 0.
-    EXPECT_EQ(rest[PropertyKey::text()], 0);
-}
-
 TEST(ActionState, PlainAndInDepth) {
     struct Case {
         PropertyKey key;
@@ -43,6 +29,9 @@ TEST(ActionState, PlainAndInDepth) {
         EXPECT_EQ(state.isPlain(), c.plain) << c.key.name();
         EXPECT_EQ(state.isInDepth(), c.inDepth) << c.key.name();
     }
+    EXPECT_TRUE(ActionState::rest().isPlain());
+    EXPECT_FALSE(ActionState::rest().isInDepth());
+    EXPECT_EQ(ActionState::rest()[PropertyKey::text()], 0); // a key without a number place
 }
 
 TEST(ActionState, SettingsKeepOnlyWhatConfigures) {

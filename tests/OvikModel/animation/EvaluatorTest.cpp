@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <random>
-#include <thread>
 
 #include "ActionSamples.h"
 
@@ -223,18 +222,6 @@ TEST(ActionEvaluator, TheOrderOfTheListDoesNotMatter) {
         std::shuffle(shuffled.begin(), shuffled.end(), shuffler);
         EXPECT_EQ(evaluate(shuffled, clockAt(1.3)), expected) << round;
     }
-}
-
-TEST(ActionEvaluator, TwoThreadsGetTheSameAnswer) {
-    const std::vector<Action> actions = mixedActions();
-    std::vector<ActionState> first, second;
-    const auto run = [&](std::vector<ActionState>& out) {
-        for (int i = 0; i < 200; ++i) out.push_back(evaluate(actions, clockAt(i * 0.02)));
-    };
-    std::thread a(run, std::ref(first)), b(run, std::ref(second));
-    a.join();
-    b.join();
-    EXPECT_EQ(first, second);
 }
 
 } // namespace
