@@ -37,22 +37,18 @@ TEST(ObjectNamer, CountsOnFromTheHighestNumberOfEachKind) {
     EXPECT_EQ(namer.next(ObjectNamer::Key::makeKind(AnnotationKind::pen)), "画笔 1");
 }
 
-TEST(AnnotationDefaults, FactoriesApplyTheStandardValues) {
+TEST(AnnotationDefaults, FactoriesFitWhatTheyAreGiven) {
     const auto defaults = AnnotationDefaults::standard();
-    const Annotation rectangle = defaults.rectangle({{100, 50}, {-40, -10}});
-    const auto& shape = rectangle.as<Annotation::rectangle>().value;
-    EXPECT_EQ(shape.frame, (CGRect{{60, 40}, {40, 10}}));
-    EXPECT_EQ(shape.stroke, (Stroke{RGBA{242.0 / 255, 84.0 / 255, 45.0 / 255, 1}, 4}));
-    EXPECT_FALSE(shape.paint);
+    // A frame drawn leftwards and upwards is stored with a positive size.
+    EXPECT_EQ(defaults.rectangle({{100, 50}, {-40, -10}}).as<Annotation::rectangle>().value.frame,
+              (CGRect{{60, 40}, {40, 10}}));
     EXPECT_EQ(defaults.arrow({0, 0}, {1, 1}).as<Annotation::arrow>().value.heads, ArrowHeads::end);
     EXPECT_EQ(defaults.line({0, 0}, {1, 1}).as<Annotation::line>().value.heads, ArrowHeads::none);
-    const auto text = defaults.text({1, 2}, "hi").as<Annotation::text>().value;
-    EXPECT_EQ(text.weight, FontWeight::semibold);
-    EXPECT_EQ(text.fontSize, 18);
-    EXPECT_FALSE(text.formula);
+    EXPECT_FALSE(defaults.text({1, 2}, "hi").as<Annotation::text>().value.formula);
     EXPECT_TRUE(defaults.formula({1, 2}, 30).as<Annotation::text>().value.formula);
-    const auto lens = defaults.magnifier(2, {{0, 0}, {400, 200}}).as<Annotation::magnifier>().value;
-    EXPECT_EQ(lens.frame, (CGRect{{175, 75}, {50, 50}}));
+    // A lens is a square of a quarter of the shorter side of what it looks at, in its middle.
+    EXPECT_EQ(defaults.magnifier(2, {{0, 0}, {400, 200}}).as<Annotation::magnifier>().value.frame,
+              (CGRect{{175, 75}, {50, 50}}));
     EXPECT_GE(defaults.counter({}).as<Annotation::counter>().value.diameter, AnnotationLimits::minimumCounterDiameter);
 }
 

@@ -40,38 +40,21 @@ TEST(ParticlesAnnotation, TurbulenceRateIsWrittenOnlyWithTurbulence) {
 }
 
 TEST(ParticlesAnnotation, EveryFieldSurvivesItsJSON) {
-    ParticlesAnnotation particles = standard();
-    BezierPath path;
-    path.anchors.resize(2);
-    path.anchors[1].point = CGPoint{5, 9};
-    path.isClosed = true;
-    particles.source = ParticleSource{{}, ParticleSource::path{path}};
-    particles.emitter = JSONValue::parse(R"({"object":"anything"})");
-    particles.gravity = {0, 98};
-    particles.wind = {-3, 0};
-    particles.drag = 0.5;
-    particles.turbulence = 4;
-    particles.turbulenceRate = 2;
-    particles.colorPick = ParticleColorPick::each;
-    particles.look = ParticleLook::glyph;
-    particles.blend = ParticleBlend::lighten;
-    particles.bursts = {{0.5, 20, JSONValue::parse(R"({"marker":1})")}, {1, 3, std::nullopt}};
-    particles.prewarm = true;
-    particles.maxCount = 900;
-    particles.depth = 40;
-    particles.from = ParticleShapeSource{ObjectID{*UUID::parse("0B0B0B0B-0000-4000-8000-000000000001")}, true, 0.2};
-    particles.texture = ImageSource{{}, ImageSource::section{SectionID{}}};
-    particles.glyphs = "*+";
-    particles.colorOverLife = std::vector<VectorGradientStop>{{0, RGBA{1, 0, 0, 1}}, {1, RGBA{0, 0, 1, 1}}};
-    particles.sizeOverLife = std::vector<ParticleLifeStop>{{0, 4}, {1, 0}};
-    particles.opacityOverLife = std::vector<ParticleLifeStop>{{0.5, 1}};
-    particles.flip = 1.5;
-    particles.turbulenceScale = 80;
-    const JSONValue json = encodeJSON(particles);
-    EXPECT_EQ(decodeJSON<ParticlesAnnotation>(json), particles);
-    // The blend is stored under its own key.
-    EXPECT_EQ(json.object()->count("overlap"), 1u);
-    EXPECT_EQ(json.object()->count("blend"), 0u);
+    // Every optional field set; the blend is stored under "overlap".
+    const std::string_view stored =
+        R"({"bursts":[{"at":0.5,"count":20,"pin":{"marker":1}},{"at":1,"count":3}],"colorOverLife":[{"color":)"
+        R"({"alpha":1,"blue":0,"green":0,"red":1},"offset":0},{"color":{"alpha":1,"blue":1,"green":0,"red":0},)"
+        R"("offset":1}],"colorPick":"each","colors":[{"alpha":1,"blue":1,"green":1,"red":1}],"depth":40,"drag":0.5,)"
+        R"("emitter":{"object":"anything"},"fadeOut":0.3,"flip":1.5,"from":{"fill":true,"letterDelay":0.2,)"
+        R"("object":"0B0B0B0B-0000-4000-8000-000000000001"},"glyphs":"*+","gravity":[0,98],"life":{"high":2,"low":1},)"
+        R"("look":"glyph","maxCount":900,"opacityOverLife":[{"at":0.5,"value":1}],"overlap":"lighten","prewarm":true,)"
+        R"("rate":40,"seed":7,"sizeEnd":4,"sizeOverLife":[{"at":0,"value":4},{"at":1,"value":0}],"sizeStart":4,)"
+        R"("source":{"path":{"anchors":[{"point":[0,0]},{"point":[5,9]}],"isClosed":true}},"speed":{"high":160,)"
+        R"("low":60},"spread":360,"texture":{"section":"00000000-0000-0000-0000-000000000000"},"turbulence":4,)"
+        R"("turbulenceRate":2,"turbulenceScale":80,"wind":[-3,0]})";
+    const auto particles = decodeJSON<ParticlesAnnotation>(stored);
+    EXPECT_EQ(encodeJSON(particles).compact(), stored);
+    EXPECT_EQ(particles.blend, ParticleBlend::lighten);
 }
 
 TEST(ParticlesAnnotation, ReadingFailsWithoutARequiredKeyOrWithAnUnknownSource) {
@@ -109,42 +92,29 @@ TEST(ParticlesAnnotation, ReadingClampsDepthAndLetterDelay) {
 }
 
 TEST(ParticlesAnnotation, KeptMakesEveryNumberSound) {
+    using P = ParticlesAnnotation;
+    // A field, a value out of its limits, and what is kept.
+    const std::tuple<double P::*, double, double> numbers[] = {
+        {&P::rate, 2e5, 100000}, {&P::direction, nan, 0},  {&P::spread, 400, 360},   {&P::drag, -1, 0},
+        {&P::sizeStart, nan, 1}, {&P::sizeEnd, -2, 0},     {&P::sizeJitter, 3, 1},    {&P::brightness, nan, 1},
+        {&P::fadeOut, 2, 1},     {&P::trail, 5, 2},        {&P::depth, 1e9, 20000},   {&P::flip, -50, -20},
+        {&P::turbulenceScale, -4, 0},
+    };
+    for (const auto& [field, bad, kept] : numbers) {
+        ParticlesAnnotation particles = standard();
+        particles.*field = bad;
+        EXPECT_EQ(particles.kept().*field, kept) << bad;
+    }
     ParticlesAnnotation bad = standard();
-    bad.rate = 2e5;
     bad.life = {70, nan};
     bad.speed = {90, -5};
-    bad.direction = nan;
-    bad.spread = 400;
-    bad.drag = -1;
-    bad.sizeStart = nan;
-    bad.sizeEnd = -2;
-    bad.sizeJitter = 3;
     bad.colors.assign(6, RGBA{0, 0, 0, 1});
-    bad.brightness = nan;
-    bad.fadeOut = 2;
-    bad.trail = 5;
     bad.maxCount = 0;
-    bad.depth = 1e9;
-    bad.flip = -50;
-    bad.turbulenceScale = -4;
     const ParticlesAnnotation kept = bad.kept();
-    EXPECT_EQ(kept.rate, 100000);
     EXPECT_EQ(kept.life, (ParticleRange{1, 60}));
     EXPECT_EQ(kept.speed, (ParticleRange{0, 90}));
-    EXPECT_EQ(kept.direction, 0);
-    EXPECT_EQ(kept.spread, 360);
-    EXPECT_EQ(kept.drag, 0);
-    EXPECT_EQ(kept.sizeStart, 1);
-    EXPECT_EQ(kept.sizeEnd, 0);
-    EXPECT_EQ(kept.sizeJitter, 1);
     EXPECT_EQ(kept.colors.size(), 4u);
-    EXPECT_EQ(kept.brightness, 1);
-    EXPECT_EQ(kept.fadeOut, 1);
-    EXPECT_EQ(kept.trail, 2);
     EXPECT_EQ(kept.maxCount, 1);
-    EXPECT_EQ(kept.depth, 20000);
-    EXPECT_EQ(kept.flip, -20);
-    EXPECT_EQ(kept.turbulenceScale, 0);
 }
 
 TEST(ParticlesAnnotation, KeptBurstsCanLeaveAndAreInOrder) {

@@ -53,24 +53,17 @@ TEST(Style, DisabledReadsInAnyOrderAndFoldsRepeats) {
 
 TEST(Style, RefusesBadInputWithItsPath) {
     const std::string head = R"({"aspect":"free","cornerRadius":0,"deviceFrame":"none","padding":0,"shadow":0,)";
-    const std::string cases[][3] = {
-        {R"({"aspect":"free","cornerRadius":0,"deviceFrame":"none","padding":0,"shadow":0})", "",
-         "No value associated with key \"background\"."},
-        {head + R"("background":{"ribbon":1}})", "background", "Unknown case ribbon"},
-        {head + R"("background":"image"})", "background", "Case image needs a value"},
-        {head + R"("background":{"solid":{},"image":"a.png"}})", "background",
-         "Expected a case name or an object with one key"},
-        {head + R"("background":"none","disabled":["glow"]})", "disabled[0]",
-         "Cannot initialize StyleSection from invalid String value glow"},
-        {head + R"("background":"none","lookScope":"objects"})", "lookScope",
-         "Cannot initialize LookScope from invalid String value objects"},
+    const std::string texts[] = {head.substr(0, head.size() - 1) + "}", head + R"("background":{"ribbon":1}})",
+                                 head + R"("background":"none","disabled":["glow"]})",
+                                 head + R"("background":"none","lookScope":"objects"})"};
+    const DecodingFailure failures[] = {
+        {texts[0].c_str(), DecodingError::Kind::keyNotFound, "background"},
+        {texts[1].c_str(), DecodingError::Kind::dataCorrupted, "background", "Unknown case ribbon"},
+        {texts[2].c_str(), DecodingError::Kind::dataCorrupted, "disabled[0]"},
+        {texts[3].c_str(), DecodingError::Kind::dataCorrupted, "lookScope"},
     };
-    for (const auto& [json, path, text] : cases) {
-        const auto kind = path.empty() ? DecodingError::Kind::keyNotFound : DecodingError::Kind::dataCorrupted;
-        expectRefused<Style>(DecodingFailure{json.c_str(), kind, path.empty() ? "background" : path.c_str(), text.c_str()});
-    }
-    expectRefused<AspectRatio>({R"({"ratio":{"width":4}})", DecodingError::Kind::keyNotFound, "ratio.height",
-                                "No value associated with key \"height\"."});
+    for (const DecodingFailure& failure : failures) expectRefused<Style>(failure);
+    expectRefused<AspectRatio>({R"({"ratio":{"width":4}})", DecodingError::Kind::keyNotFound, "ratio.height"});
 }
 
 TEST(Background, EachCaseHasItsTaggedForm) {
@@ -144,11 +137,7 @@ TEST(StylePreset, OriginalIsTheOnlyBuiltIn) {
     ASSERT_EQ(all.size(), 1u);
     EXPECT_EQ(BuiltInPresets::builtIn("original"), all[0]);
     EXPECT_EQ(all[0].style, Style::original());
-    EXPECT_TRUE(all[0].isBuiltIn);
     EXPECT_FALSE(BuiltInPresets::builtIn("Original").has_value());
-    EXPECT_EQ(encodeJSON(all[0]).compact(),
-              std::string(R"({"id":"original","isBuiltIn":true,"name":")") + all[0].name + R"(","style":)" +
-                  originalJSON + "}");
 }
 
 } // namespace
