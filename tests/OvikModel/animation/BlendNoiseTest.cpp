@@ -85,6 +85,9 @@ TEST(ActionSpline, PassesThroughItsKeysAndMonotoneStaysWithin) {
         EXPECT_LE(ActionEvaluator::continuous(times, values, 0, t, true), 1 + 1e-12);
         EXPECT_EQ(ActionEvaluator::continuous(times, values, 1, t, true), 1);
     }
+    // Fritsch-Carlson: a tangent steeper than three times its segment's slope is cut back to it.
+    EXPECT_NEAR(ActionEvaluator::continuous({0, 1, 2}, {0, 1, 7}, 0, 0.5, true), 0.125, 1e-12);
+    EXPECT_NEAR(ActionEvaluator::continuous({0, 1, 2}, {0, 1, 7}, 0, 0.5, false), 0.0625, 1e-12);
     EXPECT_EQ(ActionEvaluator::continuous({}, {}, 0, 0.5, true), 0);
     EXPECT_EQ(ActionEvaluator::continuous({3}, {7}, 0, 0.5, true), 7);
 }

@@ -11,16 +11,64 @@ namespace {
 using namespace testing;
 using Kind = ActionEvaluator::Phase::Kind;
 
-TEST(ActionEvaluator, EntranceAndExitLongerThanTheLifePlayAtHalfLength) {
-    const std::vector<Action> fades = {action(PropertyKey::opacity(), toNumber(1, 0), opening(0, 1)),
-                                       action(PropertyKey::opacity(), toNumber(0), closing(0, 1))};
-    const std::vector<const Action*> both = {&fades[0], &fades[1]};
-    EXPECT_DOUBLE_EQ(ActionEvaluator::squeeze(both, clockAt(0, 0, 1).life).value_or(-1), 0.5);
-    EXPECT_NEAR(evaluate(fades, clockAt(0.25, 0, 1))[PropertyKey::opacity()], 0.5, 1e-12);
-    EXPECT_NEAR(evaluate(fades, clockAt(0.75, 0, 1))[PropertyKey::opacity()], 0.5, 1e-12);
-    // With room for both, neither is shortened.
-    EXPECT_FALSE(ActionEvaluator::squeeze(both, clockAt(0, 0, 10).life));
-    EXPECT_NEAR(evaluate(fades, clockAt(0.25, 0, 10))[PropertyKey::opacity()], 0.25, 1e-12);
+TEST(ActionEvaluator, NumbersAtAMoment) {
+    using P = PropertyKey;
+    const auto rotation = [](double to, std::optional<double> from, ActionRange range) {
+        return action(P::rotation(), toNumber(to, from), std::move(range));
+    };
+    const auto fadeIn = action(P::opacity(), toNumber(1, 0), opening(0, 1));
+    const auto fadeOut = action(P::opacity(), toNumber(0), closing(0, 1));
+    const auto drift = [](double rate) {
+        return action(P::blur(), ActionMode{{}, ActionMode::continuous{ActionValue::makeNumber(rate)}}, whole());
+    };
+    Action zoom = action(P::scale(), toNumber(4, 1), between(0, 2));
+    Action zoomAbout = zoom;
+    zoomAbout.about = CGPoint{10, 20};
+    const ActionValue red = ActionValue::makeColor(RGBA{1, 0, 0, 1});
+    const ActionMode swell{{}, ActionMode::oscillate{ActionValue::makeNumber(0.5), 0.25, 0}};
+    const std::vector<Action> squeezable = {action(P::opacity(), toNumber(1, 0), opening(1, 1)),
+                                            action(P::opacity(), toNumber(0), closing(0, 2))};
+    const std::vector<Action> twoFades = {action(P::opacity(), toNumber(1, 0), opening(0, 2)),
+                                          action(P::opacity(), toNumber(0.5, 1), whole())};
+    const Action turn = rotation(100, 0, between(0, 2));
+    const std::vector<Action> interrupted = {turn, rotation(200, {}, between(1, 3))};
+    const std::vector<Action> twoTracks = {turn, rotation(200, 0, between(1, 3))};
+    struct Case {
+        const char* what;
+        std::vector<Action> actions;
+        double now, end; // the life runs from 0 to `end`
+        PropertyKey key;
+        double value;
+    };
+    const Case cases[] = {
+        // An entrance and an exit longer than the life both play at the same shorter length.
+        {"squeezed entrance", {fadeIn, fadeOut}, 0.25, 1, P::opacity(), 0.5},
+        {"squeezed exit", {fadeIn, fadeOut}, 0.75, 1, P::opacity(), 0.5},
+        {"room for both", {fadeIn, fadeOut}, 0.25, 10, P::opacity(), 0.25},
+        {"squeezed delay", squeezable, 0.75, 2, P::opacity(), 0.5},
+        {"no length, before its delay", {rotation(90, 0, opening(0.5, 0))}, 0.49, 10, P::rotation(), 0},
+        {"no length, at its delay", {rotation(90, 0, opening(0.5, 0))}, 0.5, 10, P::rotation(), 90},
+        {"opacities multiply", twoFades, 1, 4, P::opacity(), 0.5 * 0.875},
+        {"opacity stays within 0...1", {action(P::opacity(), toNumber(1.5, 1.5), whole())}, 1, 4, P::opacity(), 1},
+        {"an offset multiplies by one more", {action(P::scale(), swell, whole())}, 1, 10, P::scale(), 1.5},
+        // A later move without `from` carries on from the value the earlier one reached.
+        {"before the interruption", interrupted, 0.5, 10, P::rotation(), 25},
+        {"interrupted", interrupted, 2, 10, P::rotation(), 125},
+        {"after the interruption", interrupted, 3, 10, P::rotation(), 200},
+        // A `from` elsewhere starts a second track; both count once it has started.
+        {"second track", twoTracks, 2, 10, P::rotation(), 200},
+        {"second track waits", twoTracks, 0.5, 10, P::rotation(), 25},
+        {"from the reached value", {turn, rotation(200, 50, between(1, 3))}, 2, 10, P::rotation(), 125},
+        {"from the reached value, rounded", {turn, rotation(200, 50.00000001, between(1, 3))}, 2, 10, P::rotation(), 125},
+        {"a colour on rotation", {action(P::rotation(), toMode(red, red), whole())}, 1, 10, P::rotation(), 0},
+        {"a colour on scale", {action(P::scale(), toMode(red, red), whole())}, 1, 10, P::scale(), 1},
+        {"blur driven below zero", {drift(-3)}, 1, 2, P::blur(), 0},
+        {"blur driving", {drift(3)}, 1, 2, P::blur(), 3},
+        {"blur driven to the end", {drift(3)}, 5, 2, P::blur(), 6},
+        {"a zoom", {zoom}, 1, 10, P::scale(), 2.5},
+        {"a zoom about a point moves by equal ratios", {zoomAbout}, 1, 10, P::scale(), 2},
+    };
+    for (const Case& c : cases) EXPECT_NEAR(evaluate(c.actions, clockAt(c.now, 0, c.end))[c.key], c.value, 1e-6) << c.what;
 }
 
 // Ordering decides most pairs by the first numbers of their keys; it must agree with the
@@ -41,12 +89,6 @@ TEST(ActionEvaluator, OrderingAgreesWithWholeSortKeys) {
                          [](const Action* a, const Action* b) { return a->sortKey() < b->sortKey(); });
         EXPECT_EQ(ActionEvaluator::ordered(pointers), expected);
     }
-}
-
-TEST(ActionEvaluator, OpeningOfNoLengthJumpsAtItsDelay) {
-    const std::vector<Action> turn = {action(PropertyKey::rotation(), toNumber(90, 0), opening(0.5, 0))};
-    EXPECT_EQ(evaluate(turn, clockAt(0.49))[PropertyKey::rotation()], 0);
-    EXPECT_EQ(evaluate(turn, clockAt(0.5))[PropertyKey::rotation()], 90);
 }
 
 TEST(ActionEvaluator, PhasesOfEachRange) {
@@ -85,32 +127,6 @@ TEST(ActionEvaluator, RangesThatNeedAFilmMomentAnswerNothingOnAStill) {
     EXPECT_EQ(late->kind, Kind::done);
 }
 
-TEST(ActionEvaluator, TwoOpacityMovesMultiply) {
-    const std::vector<Action> fades = {action(PropertyKey::opacity(), toNumber(1, 0), opening(0, 2)),
-                                       action(PropertyKey::opacity(), toNumber(0.5, 1), whole())};
-    EXPECT_NEAR(evaluate(fades, clockAt(1, 0, 4))[PropertyKey::opacity()], 0.5 * 0.875, 1e-12);
-}
-
-TEST(ActionEvaluator, ALaterMoveWithoutFromCarriesOnFromTheInterruptedValue) {
-    const std::vector<Action> turns = {action(PropertyKey::rotation(), toNumber(100, 0), between(0, 2)),
-                                       action(PropertyKey::rotation(), toNumber(200), between(1, 3))};
-    EXPECT_NEAR(evaluate(turns, clockAt(0.5))[PropertyKey::rotation()], 25, 1e-9);
-    EXPECT_NEAR(evaluate(turns, clockAt(2))[PropertyKey::rotation()], 125, 1e-9);
-    EXPECT_NEAR(evaluate(turns, clockAt(3))[PropertyKey::rotation()], 200, 1e-9);
-}
-
-TEST(ActionEvaluator, AMoveFromElsewhereStartsASecondTrackThatWaitsForItsStart) {
-    const std::vector<Action> turns = {action(PropertyKey::rotation(), toNumber(100, 0), between(0, 2)),
-                                       action(PropertyKey::rotation(), toNumber(200, 0), between(1, 3))};
-    EXPECT_NEAR(evaluate(turns, clockAt(0.5))[PropertyKey::rotation()], 25, 1e-9);
-    // Both tracks count: the first has reached 100, the second 100 of its 200.
-    EXPECT_NEAR(evaluate(turns, clockAt(2))[PropertyKey::rotation()], 200, 1e-9);
-    // A `from` equal to the reached value continues the same track.
-    const std::vector<Action> joined = {action(PropertyKey::rotation(), toNumber(100, 0), between(0, 2)),
-                                        action(PropertyKey::rotation(), toNumber(200, 50), between(1, 3))};
-    EXPECT_NEAR(evaluate(joined, clockAt(2))[PropertyKey::rotation()], 125, 1e-9);
-}
-
 TEST(ActionEvaluator, AnOutlineThatCannotDrawFadesInstead) {
     const std::vector<Action> drawing = {action(PropertyKey::strokeProgress(), toNumber(1, 0), opening(0, 2)),
                                          action(PropertyKey::strokeStart(), toNumber(0.3, 0.3), whole())};
@@ -124,23 +140,6 @@ TEST(ActionEvaluator, AnOutlineThatCannotDrawFadesInstead) {
     EXPECT_NEAR(drawn[PropertyKey::strokeStart()], 0.3, 1e-12);
 }
 
-TEST(ActionEvaluator, AColourOnANumberPropertyChangesNothing) {
-    const ActionValue red = ActionValue::makeColor(RGBA{1, 0, 0, 1});
-    for (const PropertyKey key : {PropertyKey::rotation(), PropertyKey::scale()}) {
-        const ActionState state = evaluate({action(key, toMode(red, red), whole())}, clockAt(1));
-        EXPECT_EQ(state, ActionState::rest()) << key.name();
-    }
-}
-
-TEST(ActionEvaluator, BlurDrivenBelowZeroIsZero) {
-    const auto drift = [](double rate) {
-        return action(PropertyKey::blur(), ActionMode{{}, ActionMode::continuous{ActionValue::makeNumber(rate)}}, whole());
-    };
-    EXPECT_EQ(evaluate({drift(-3)}, clockAt(1, 0, 2))[PropertyKey::blur()], 0);
-    EXPECT_NEAR(evaluate({drift(3)}, clockAt(1, 0, 2))[PropertyKey::blur()], 3, 1e-12);
-    EXPECT_NEAR(evaluate({drift(3)}, clockAt(5, 0, 2))[PropertyKey::blur()], 6, 1e-12);
-}
-
 TEST(ActionEvaluator, FontAxesShiftFromTheObjectsOwnValue) {
     ActionOwn own;
     own.fontAxes["wght"] = 400;
@@ -148,13 +147,6 @@ TEST(ActionEvaluator, FontAxesShiftFromTheObjectsOwnValue) {
     EXPECT_TRUE(evaluate({weight(0)}, clockAt(1)).fontAxes.empty());
     EXPECT_TRUE(evaluate({weight(400)}, clockAt(20), false, own).fontAxes.empty());
     EXPECT_EQ(evaluate({weight(500)}, clockAt(20), false, own).fontAxes, (std::map<std::string, double>{{"wght", 100}}));
-}
-
-TEST(ActionEvaluator, AZoomAboutAPointMovesByEqualRatios) {
-    Action zoom = action(PropertyKey::scale(), toNumber(4, 1), between(0, 2));
-    EXPECT_NEAR(evaluate({zoom}, clockAt(1))[PropertyKey::scale()], 2.5, 1e-12);
-    zoom.about = CGPoint{10, 20};
-    EXPECT_NEAR(evaluate({zoom}, clockAt(1))[PropertyKey::scale()], 2, 1e-12);
 }
 
 TEST(ActionEvaluator, WobblesAddAroundRest) {
@@ -195,6 +187,9 @@ TEST(ActionEvaluator, TransitionSidesCountAgainstTheTransitionsLength) {
     const ActionState late = ActionEvaluator::stateOfTransition(fade, 0.75, secs(2));
     EXPECT_NEAR(late[PropertyKey::opacity()], 0.5, 1e-12);
     EXPECT_EQ(ActionEvaluator::stateOfTransition({}, 0.5, secs(2)), ActionState::rest());
+    // The time into a transition rounds to the microsecond, halves up: 1.5 µs of 3 is 2.
+    const std::vector<Action> turn = {action(PropertyKey::rotation(), toNumber(90, 0), opening(0, 0.000003))};
+    EXPECT_NEAR(ActionEvaluator::stateOfTransition(turn, 0.5, MediaDuration{3})[PropertyKey::rotation()], 60, 1e-9);
 }
 
 std::vector<Action> mixedActions() {

@@ -39,7 +39,7 @@ TEST(KeptStretch, OffsetsAreClampedToTheStretch) {
 }
 
 TEST(KeptStretch, AudibleUpToTheLimitWithRoundingSlack) {
-    EXPECT_TRUE(playing(0, 10, 4.0000000005).isAudible());
+    EXPECT_TRUE(playing(0, 10, 4.000000001).isAudible());
     EXPECT_FALSE(playing(0, 10, 4.01).isAudible());
     EXPECT_FALSE(frozen(0, 10).isAudible());
 }

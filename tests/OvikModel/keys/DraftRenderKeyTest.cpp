@@ -170,6 +170,13 @@ TEST(DraftRenderKey, PayloadHoldsOnlyWhatTheDraftUses) {
     music.music = JSONValue::parse(R"({"seed":1})");
     Draft pointer = canvasDraft();
     pointer.cursor.look = CursorLook::pointer;
+    Draft clickColour = canvasDraft();
+    clickColour.cursor.clickColor = RGBA{1, 0, 0, 1};
+    Draft stylingOff = canvasDraft();
+    stylingOff.cursor = clickColour.cursor;
+    stylingOff.cursor.isStylingOff = true;
+    Draft noEvents = recordingDraft();
+    noEvents.media.mutableItems()[0].source.as<MediaSource::recording>().value.events.reset();
     const struct {
         const char* what;
         Draft draft;
@@ -185,6 +192,9 @@ TEST(DraftRenderKey, PayloadHoldsOnlyWhatTheDraftUses) {
         {"music with instruments", music, Instruments{{"lead", "piano"}}, with({"music", "musicRenderer", "instruments"})},
         {"instruments without music", canvasDraft(), Instruments{{"lead", "piano"}}, always},
         {"pointer look", pointer, {}, with({"cursor", "clickLook"})},
+        {"click colour", clickColour, {}, with({"cursor", "clickLook"})},
+        {"styling off draws the plain cursor", stylingOff, {}, always},
+        {"recording without events", noEvents, {}, always},
     };
     for (const auto& c : cases) {
         EXPECT_EQ(payloadKeys(c.draft, c.instruments), c.keys) << c.what;
@@ -217,9 +227,15 @@ TEST(DraftRenderKey, SplicedPartsGiveTheInlineBytes) {
 
 TEST(DraftRenderKey, OutputEntersByWhatChangesThePicture) {
     const Draft draft = canvasDraft();
-    const std::string text = renderPayloadText(draft, thumbnailRequest(320));
-    EXPECT_NE(text.find(R"("output":{"format":"thumbnail","size":{"custom":{"height":320,"width":320}}})"),
-              std::string::npos);
+    // The bytes that a kept render's key was made of, down to the version of the renderer.
+    EXPECT_EQ(renderPayloadText(draft, thumbnailRequest(320)),
+              R"({"media":{"isAnimation":false,"layout":{"gap":16,"mode":"auto"},"media":[{"id":)"
+              R"("00000000-0000-0000-0000-000000000002","source":{"canvas":{"color":{"alpha":1,"blue":0,"green":0,)"
+              R"("red":0},"pixelSize":{"height":360,"width":640},"scale":1}}}],"sections":[{"id":)"
+              R"("00000000-0000-0000-0000-000000000002","media":"00000000-0000-0000-0000-000000000002",)"
+              R"("stillDuration":5000000}]},"output":{"format":"thumbnail","size":{"custom":{"height":320,)"
+              R"("width":320}}},"renderVersion":9,"style":{"aspect":"free","background":"none","cornerRadius":0,)"
+              R"("deviceFrame":"none","padding":0,"shadow":0}})");
     EXPECT_NE(thumbnailKey(draft, 320), thumbnailKey(draft, 520));
 
     ExportRequest elsewhere = thumbnailRequest(320);

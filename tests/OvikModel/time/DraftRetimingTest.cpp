@@ -89,11 +89,17 @@ TEST(DraftRetiming, RateOverARangeSplitsTheStretch) {
     EXPECT_EQ(timeline(draft)->duration().microseconds, 3'500'000);
     // The copy taken before keeps its own timeline.
     EXPECT_EQ(timeline(before).get(), line.get());
-    // An end within a frame of the stretch's edge takes the edge.
-    Draft snapped = recordingDraft();
-    setRate(snapped, 0.25, out(10'000, 3'000'000));
-    ASSERT_EQ(stretchesOf(snapped).size(), 1u);
-    EXPECT_EQ(stretchesOf(snapped)[0].rate, 0.5);
+    // An end within a frame of the stretch's edge (16,666 µs) takes the edge.
+    for (const auto& [start, count] : {std::pair{16'666, 1u}, {16'667, 2u}}) {
+        Draft snapped = recordingDraft();
+        setRate(snapped, 0.25, out(start, 3'000'000));
+        EXPECT_EQ(stretchesOf(snapped).size(), count) << start;
+        EXPECT_EQ(stretchesOf(snapped).back().rate, 0.5) << start;
+    }
+    // Of several ranges under the output range, one of a frame or less is the sliver of a join.
+    Draft two = recordingDraft({playing(0, 1'000'000), playing(2'000'000, 3'000'000)});
+    setRate(two, 2, out(500'000, 1'016'666));
+    EXPECT_EQ(stretchesOf(two).size(), 3u);
     expectRefused(recordingDraft(), [](Draft& d) { setRate(d, 2, out(3'200'000, 3'500'000)); },
                   TimelineEditError::nothingThere);
 }
@@ -122,9 +128,11 @@ TEST(DraftRetiming, FreezeSplitsAndRemovingRejoins) {
     removeFreeze(draft, frame);
     EXPECT_EQ(stretchesOf(draft), stretchesOf(recordingDraft()));
     expectRefused(draft, [&](Draft& d) { removeFreeze(d, frame); }, TimelineEditError::nothingThere);
-    // Close to a stretch's start the freeze takes the start; a still can't freeze.
-    Draft early = recordingDraft();
-    EXPECT_EQ(freeze(early, OutputTime{10'000}, Freeze::defaultLength).time, SourceTime{0});
+    // Within a frame of a stretch's start the freeze takes the start; a still can't freeze.
+    for (const auto& [at, frame] : {std::pair{16'666, 0}, {16'667, 16'667}}) {
+        Draft early = recordingDraft();
+        EXPECT_EQ(freeze(early, OutputTime{at}, Freeze::defaultLength).time, SourceTime{frame}) << at;
+    }
     expectRefused(recordingDraft(), [](Draft& d) { freeze(d, OutputTime{3'500'000}, MediaDuration{1}); },
                   RetimeError::notARecording);
 }
@@ -136,8 +144,10 @@ TEST(DraftRetiming, CutsKeepNoSlivers) {
     };
     const Case cases[] = {
         {src(1'000'000, 2'000'000), {src(0, 1'000'000), src(2'000'000, 3'000'000)}},
-        {src(1'000'000, 2'990'000), {src(0, 1'000'000)}},
+        {src(1'000'000, 2'983'334), {src(0, 1'000'000)}},
+        {src(1'000'000, 2'983'333), {src(0, 1'000'000), src(2'983'333, 3'000'000)}},
         {src(2'990'000, 1'000'000), {src(0, 1'000'000)}},
+        {src(100'000, 3'000'000), {src(0, 100'000)}}, // what is left may be as short as 0.1 s
         {src(5'000, 500'000), {src(500'000, 3'000'000)}},
     };
     for (const Case& c : cases) {

@@ -37,6 +37,11 @@ TEST(DraftTimeline, TransitionsAreLimitedAndLengthsAddUp) {
     EXPECT_FALSE(entries[2].transitionIn);
     EXPECT_EQ(entries[2].output.start, out(5'000'000));
     EXPECT_EQ(line->duration().microseconds, 4'000'000 + 2'000'000 + 1'000'000 - 1'000'000);
+    // Half of an odd length is cut down to the microsecond.
+    Section odd = stillSection(2, 2'000'000);
+    odd.transitionIn = transition(3'000'000);
+    const auto cut = DraftTimeline::make({keptSection(1, {playing(0, 1'000'001)}), odd});
+    EXPECT_EQ(cut->entries()[1].transitionIn->duration.microseconds, 500'000);
 }
 
 TEST(DraftTimeline, VisibleSectionsAndTheirPhases) {

@@ -111,6 +111,10 @@ TEST(TimeMap, SteadySpeedCurveHalvesTheSection) {
     EXPECT_EQ(map.source(out(250'000)), src(500'000));
     EXPECT_EQ(map.keptRanges(), (std::vector<SourceRange>{{src(0), src(1'000'000)}}));
     EXPECT_TRUE(map.isRetimed());
+    // Both ways a time between microseconds rounds half up: 3 µs at double speed is 1.5 µs.
+    EXPECT_EQ(map.firstOutput(out(3)), out(2));
+    const TimeMap slow = mapOf({playing(0, 1'000'000)}, SectionSpeed::make({{MediaDuration{}, 0.5, std::nullopt}}, {}, false));
+    EXPECT_EQ(slow.played(out(3)), out(2));
 }
 
 TEST(TimeMap, ReversedSectionPlaysDownwards) {
