@@ -5,6 +5,8 @@
 
 #include "OvikModel/keys/DraftRenderKey.h"
 #include "OvikModel/keys/RenderKeyParts.h"
+#include "OvikModel/time/TimeSamples.h"
+#include "OvikModel/ModelSamples.h"
 
 namespace ovik {
 
@@ -12,19 +14,7 @@ void PrintTo(const RenderKey& key, std::ostream* out) { *out << key.rawValue; }
 
 namespace {
 
-template <class ID>
-ID idNumbered(std::uint8_t n) {
-    UUID::Bytes bytes{};
-    bytes[15] = n;
-    return ID{UUID(bytes)};
-}
-
-KeptStretch stretch(std::int64_t start, std::int64_t end, double rate) {
-    KeptStretch out;
-    out.range = {SourceTime{start}, SourceTime{end}};
-    out.rate = rate;
-    return out;
-}
+using namespace testing;
 
 // One recording with screen and microphone tracks, its events, and two kept stretches.
 Draft recordingDraft() {
@@ -34,63 +24,27 @@ Draft recordingDraft() {
                                   0,
                                   MediaDuration{9000000}}};
     recording.events = PackagePath{"events/events.json"};
-    Media media;
-    media.id = idNumbered<MediaID>(1);
-    media.source = MediaSource::makeRecording(recording);
-    Section section;
-    section.id = idNumbered<SectionID>(1);
-    section.media = media.id;
-    section.length = Section::Length::makeKept({stretch(0, 4000000, 1), stretch(5000000, 9000000, 2)});
-    Draft draft;
+    Draft draft = canvasDraft();
     draft.name = "录屏";
-    draft.media = {media};
-    draft.sections = {section};
+    draft.media.mutableItems()[0].source = MediaSource::makeRecording(recording);
+    draft.sections.mutableItems()[0].length =
+        Section::Length::makeKept({playing(0, 4000000), playing(5000000, 9000000, 2)});
     return draft;
 }
 
-Draft canvasDraft() {
-    Media media;
-    media.id = idNumbered<MediaID>(2);
-    media.source = MediaSource::makeCanvas(Canvas{PixelSize{640, 360}});
-    Section section;
-    section.id = idNumbered<SectionID>(2);
-    section.media = media.id;
-    section.length = Section::Length::makeStill(MediaDuration{5000000});
-    Draft draft;
-    draft.media = {media};
-    draft.sections = {section};
-    return draft;
-}
-
-ObjectNode leaf(std::uint8_t n, Annotation annotation) {
-    ObjectNode node;
-    node.id = idNumbered<ObjectID>(n);
-    node.name = "a/" + std::to_string(n);
-    node.content = ObjectContent::makeAnnotation(std::move(annotation));
-    return node;
-}
-
-ObjectNode rectangle(std::uint8_t n, LinePattern pattern = LinePattern::solid) {
+ObjectNode rectangle(int n, LinePattern pattern = LinePattern::solid) {
     ShapeAnnotation shape;
     shape.frame = CGRect{{10, 20}, {30, 40}};
     shape.pattern = pattern;
-    return leaf(n, Annotation{{}, Annotation::rectangle{shape}});
+    return leaf("a/" + std::to_string(n), n, Annotation{{}, Annotation::rectangle{shape}});
 }
 
-ObjectNode text(std::uint8_t n, std::string fontName) {
+ObjectNode text(int n, std::string fontName) {
     TextAnnotation annotation;
     annotation.string = "Hi";
     annotation.fontSize = 18;
     annotation.font = TextFont{std::move(fontName), "Family", "Face", std::nullopt};
-    return leaf(n, Annotation{{}, Annotation::text{annotation}});
-}
-
-ObjectNode group(std::uint8_t n, std::vector<ObjectNode> children) {
-    ObjectNode node;
-    node.id = idNumbered<ObjectID>(n);
-    node.name = "g";
-    node.content = ObjectContent::makeGroup(std::move(children));
-    return node;
+    return leaf("a/" + std::to_string(n), n, Annotation{{}, Annotation::text{annotation}});
 }
 
 DraftFont font(std::string postScriptName) {
@@ -117,7 +71,7 @@ TEST(DraftRenderKey, AdministrativeEditsKeepTheKey) {
     const Edit edits[] = {
         {"name and date", [](Draft& d) { d.name = "other", d.createdAt = Date{1000}; }},
         {"kept and edited", [](Draft& d) { d.kept = d.edited = true; }},
-        {"markers", [](Draft& d) { d.markers = {Marker{idNumbered<MarkerID>(1), SourceTime{5}, "m", {}, {}}}; }},
+        {"markers", [](Draft& d) { d.markers = {Marker{MarkerID{numbered(1)}, SourceTime{5}, "m", {}, {}}}; }},
         {"grid and flags", [](Draft& d) { d.grid = LayoutGrid{}, d.byAutomation = d.skipsIdle = d.handDrawn = true; }},
         {"zoom settings but speed", [](Draft& d) { d.zoomSettings.defaultFactor = 3; }},
         {"zoom speed without zoom", [](Draft& d) { d.zoomSettings.speed = ZoomSpeed::fast; }},
@@ -165,7 +119,7 @@ TEST(DraftRenderKey, PayloadHoldsOnlyWhatTheDraftUses) {
     Draft marked = canvasDraft();
     ObjectNode inked = rectangle(1);
     inked.inkTexture = InkTexture{{}, InkTexture::dry{0.5, 1, 7}};
-    marked.objects = {group(9, {inked, rectangle(2, LinePattern::sketch)})};
+    marked.objects = {group("g", 9, {inked, rectangle(2, LinePattern::sketch)})};
     Draft music = canvasDraft();
     music.music = JSONValue::parse(R"({"seed":1})");
     Draft pointer = canvasDraft();
@@ -205,7 +159,7 @@ TEST(DraftRenderKey, PayloadHoldsOnlyWhatTheDraftUses) {
 
 TEST(DraftRenderKey, SplicedPartsGiveTheInlineBytes) {
     Draft draft = recordingDraft();
-    draft.objects = {group(7, {rectangle(1), text(2, "Héllo/Bold")}), rectangle(3)};
+    draft.objects = {group("g", 7, {rectangle(1), text(2, "Héllo/Bold")}), rectangle(3)};
     draft.music = JSONValue::parse(R"({"bank":"sf/gm","seed":3})");
     const Instruments instruments = {{"bass", "a/b"}};
     std::string inlineText;
@@ -228,11 +182,12 @@ TEST(DraftRenderKey, SplicedPartsGiveTheInlineBytes) {
 TEST(DraftRenderKey, OutputEntersByWhatChangesThePicture) {
     const Draft draft = canvasDraft();
     // The bytes that a kept render's key was made of, down to the version of the renderer.
+    // The bytes that a kept render's key was made of, down to the version of the renderer.
     EXPECT_EQ(renderPayloadText(draft, thumbnailRequest(320)),
               R"({"media":{"isAnimation":false,"layout":{"gap":16,"mode":"auto"},"media":[{"id":)"
-              R"("00000000-0000-0000-0000-000000000002","source":{"canvas":{"color":{"alpha":1,"blue":0,"green":0,)"
-              R"("red":0},"pixelSize":{"height":360,"width":640},"scale":1}}}],"sections":[{"id":)"
-              R"("00000000-0000-0000-0000-000000000002","media":"00000000-0000-0000-0000-000000000002",)"
+              R"("00000000-0000-0000-0000-0000000000AA","source":{"canvas":{"color":{"alpha":1,"blue":0,"green":0,)"
+              R"("red":0},"pixelSize":{"height":480,"width":640},"scale":1}}}],"sections":[{"id":)"
+              R"("00000000-0000-0000-0000-0000000000BB","media":"00000000-0000-0000-0000-0000000000AA",)"
               R"("stillDuration":5000000}]},"output":{"format":"thumbnail","size":{"custom":{"height":320,)"
               R"("width":320}}},"renderVersion":9,"style":{"aspect":"free","background":"none","cornerRadius":0,)"
               R"("deviceFrame":"none","padding":0,"shadow":0}})");
@@ -253,7 +208,7 @@ TEST(DraftRenderKey, FontsAreTheKeptOnesInUse) {
     EXPECT_FALSE(renderKeyFonts(draft).has_value());
     draft.fonts = {font("Unused"), font("Deep"), font("Themed")};
     EXPECT_EQ(renderKeyFonts(draft), std::vector<DraftFont>{});
-    draft.objects = {group(1, {group(2, {text(3, "Deep")})})};
+    draft.objects = {group("g", 1, {group("g", 2, {text(3, "Deep")})})};
     draft.theme = Theme{};
     draft.theme->fonts = {ThemeToken<FontRole>{"body", FontRole{TextFont{"Themed", "F", "R", {}}, {}}}};
     EXPECT_EQ(renderKeyFonts(draft), (std::vector<DraftFont>{font("Deep"), font("Themed")}));
@@ -262,8 +217,8 @@ TEST(DraftRenderKey, FontsAreTheKeptOnesInUse) {
 TEST(AudioSignature, NamesRecordedSoundByContentAndFollowsTiming) {
     Draft draft = recordingDraft();
     const std::string base = audioSignature(draft);
-    EXPECT_NE(base.find(R"("tracks":["media 00000000-0000-0000-0000-000000000001"])"), std::string::npos) << base;
-    EXPECT_NE(base.find(R"("sound":"media 00000000-0000-0000-0000-000000000001")"), std::string::npos);
+    EXPECT_NE(base.find(R"("tracks":["media 00000000-0000-0000-0000-0000000000AA"])"), std::string::npos) << base;
+    EXPECT_NE(base.find(R"("sound":"media 00000000-0000-0000-0000-0000000000AA")"), std::string::npos);
 
     auto& recording = draft.media.mutableItems()[0].source.as<MediaSource::recording>().value;
     recording.imported = ImportedFile{"in/put.mov", "imported-sha", 0};

@@ -1,28 +1,19 @@
 #include <gtest/gtest.h>
 
+#include "OvikModel/ModelSamples.h"
 #include "OvikModel/objects/ObjectWalks.h"
 
 namespace ovik {
 namespace {
 
-ObjectID id(int n) {
-    UUID::Bytes bytes{};
-    bytes[15] = std::uint8_t(n);
-    return ObjectID{UUID(bytes)};
-}
+const auto id = testing::objectID;
 
 ObjectNode leaf(int n, Annotation annotation = Annotation{{}, Annotation::followPoint{}}) {
-    ObjectNode node;
-    node.id = id(n);
-    node.name = std::to_string(n);
-    node.content = ObjectContent::makeAnnotation(std::move(annotation));
-    return node;
+    return testing::leaf(std::to_string(n), n, std::move(annotation));
 }
 
 ObjectNode group(int n, std::vector<ObjectNode> children, bool hidden = false) {
-    ObjectNode node;
-    node.id = id(n);
-    node.content = ObjectContent::makeGroup(std::move(children));
+    ObjectNode node = testing::group("", n, std::move(children));
     node.isHidden = hidden;
     return node;
 }

@@ -3,10 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <string>
-#include <vector>
 
 #include "OvikL10n/L10n.h"
-#include "OvikModel/Draft.h"
+#include "OvikModel/ModelSamples.h"
 #include "OvikModel/objects/AnnotationDefaults.h"
 #include "OvikModel/scene/DraftProperties.h"
 #include "OvikModel/scene/PropertyError.h"
@@ -15,41 +14,8 @@
 
 namespace ovik::testing {
 
-/// The id numbered `n`: all zero bytes but the last. Its text ends in two upper-case digits.
-inline UUID numbered(int n) {
-    UUID::Bytes bytes{};
-    bytes[15] = std::uint8_t(n);
-    return UUID(bytes);
-}
 inline const std::string mediaText = numbered(0xAA).uuidString();
 inline const std::string sectionText = numbered(0xBB).uuidString();
-
-inline ObjectNode node(std::string name, int n, ObjectContent content) {
-    ObjectNode out;
-    out.id = ObjectID{numbered(n)};
-    out.name = std::move(name);
-    out.content = std::move(content);
-    return out;
-}
-inline ObjectNode leaf(std::string name, int n, Annotation annotation) {
-    return node(std::move(name), n, ObjectContent::makeAnnotation(std::move(annotation)));
-}
-
-/// The objects on a 640 by 480 canvas (media 0xAA) shown by one still section (0xBB) of 5 s.
-inline Draft canvasDraft(std::vector<ObjectNode> objects = {}) {
-    Draft draft;
-    Media media;
-    media.id = MediaID{numbered(0xAA)};
-    media.source = MediaSource::makeCanvas(Canvas{PixelSize{640, 480}});
-    Section section;
-    section.id = SectionID{numbered(0xBB)};
-    section.media = media.id;
-    section.length = Section::Length::makeStill(MediaDuration::fromSeconds(5));
-    draft.media = CowList<Media>({media});
-    draft.sections = CowList<Section>({section});
-    draft.objects = CowList<ObjectNode>(std::move(objects));
-    return draft;
-}
 
 inline std::optional<JSONValue> get(const Draft& draft, const std::string& path) {
     return propertyValue(draft, PropertyPath::parse(path, draft));

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "OvikModel/ModelSamples.h"
 #include "OvikModel/objects/AnnotationDefaults.h"
 #include "OvikModel/style/DraftTheme.h"
 
@@ -9,13 +10,10 @@ namespace {
 const AnnotationDefaults defaults = AnnotationDefaults::standard();
 const RGBA accent{0.03922, 0.51765, 1, 1};
 
-ObjectID id(int n) { return ObjectID{*UUID::parse("00000000-0000-0000-0000-00000000000" + std::to_string(n))}; }
+const auto id = testing::objectID;
 
 ObjectNode leaf(int n, Annotation annotation, std::optional<TokenRefs> refs = std::nullopt) {
-    ObjectNode node;
-    node.id = id(n);
-    node.name = "n" + std::to_string(n);
-    node.content = ObjectContent::makeAnnotation(std::move(annotation));
+    ObjectNode node = testing::leaf("n" + std::to_string(n), n, std::move(annotation));
     node.tokens = refs;
     return node;
 }
@@ -30,10 +28,8 @@ TokenRefs follows(TokenSlot slot, std::string name) {
 Draft sample() {
     Draft draft;
     draft.theme = Theme::neutral();
-    ObjectNode group;
-    group.id = id(3);
-    group.name = "g";
-    group.content = ObjectContent::makeGroup({leaf(1, defaults.text({0, 0}, "a")), leaf(2, defaults.arrow({0, 0}, {9, 9}))});
+    const ObjectNode group =
+        testing::group("g", 3, {leaf(1, defaults.text({0, 0}, "a")), leaf(2, defaults.arrow({0, 0}, {9, 9}))});
     draft.objects = CowList<ObjectNode>({group, leaf(4, defaults.rectangle({{0, 0}, {9, 9}}))});
     return draft;
 }
