@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
-#include <cmath>
+#include <fstream>
+#include <iterator>
 
 #include "OvikL10n/L10n.h"
 #include "OvikModel/objects/ObjectNode.h"
@@ -13,71 +14,11 @@ using testing::DecodingFailure;
 using testing::expectRefused;
 using Kind = DecodingError::Kind;
 
-// A tree that uses every annotation kind and every field of a node, in canonical form.
-constexpr std::string_view richTree =
-    R"([{"content":{"group":[{"actions":[{"curve":"linear","mode":{"to":{"to":{"number":0}}},"property":"opacity",)"
-    R"("range":"whole"}],"blend":"multiply","clip":{"actions":[{"curve":"smooth","keyframe":true,"mode":{"to":{"to":)"
-    R"({"vector":{"dx":4,"dy":0}}}},"property":"position","range":{"opening":{"length":500000}}}],)"
-    R"("channel":"luma","feather":2,"isInverted":true,"picture":{"clock":{"rate":2},"media":"00000000-0000-0000-0000-00000000005A"}},)"
-    R"("content":{"annotation":{"rectangle":{"corner":"capsule","fill":{"alpha":1,"blue":0,"green":0.25,"red":1},)"
-    R"("fillGradient":{"angleDegrees":90,"to":{"alpha":0.5,"blue":1,"green":0,"red":0}},"frame":[[10,20],[300,)"
-    R"(-40.5]],"hasHalo":true,"hasShadow":true,"isFillTranslucent":true,"pattern":"dashed","rotation":0.25,)"
-    R"("stroke":{"color":{"alpha":1,"blue":0,"green":0.25,"red":1},"width":4}}}},"grid":{"align":"topLeft",)"
-    R"("column":2,"row":1,"rows":2},"id":"00000000-0000-0000-0000-000000000002","inkTexture":{"amount":0.4,)"
-    R"("grain":0.25,"kind":"dry","seed":7},"isHidden":false,"isLocked":false,"modifiers":{"arrange":{"angle":0.5,)"
-    R"("radius":20,"shape":{"path":{"anchors":[{"point":[0,0]},{"handleIn":[8,-2],"handleOut":[12,2],"isSmooth":true,)"
-    R"("point":[10,0]}],"isClosed":true}}},"repeating":{"count":3,"step":{"delay":1000,"offset":[4,0]}},"split":{"order":{"random":{"seed":42}},)"
-    R"("stagger":60000,"unit":"word"}},"name":"矩形 1","opacity":1,"pivot":[1,-2],"timing":{"end":4000000,)"
-    R"("start":1000000},"tokens":{"fill":"accent"}},{"clip":{"object":"00000000-0000-0000-0000-000000000002"},)"
-    R"("content":{"annotation":{"text":{"alignment":"center","axes":{"values":{"wght":700}},"background":{"alpha":0.5,)"
-    R"("blue":1,"green":0,"red":0},"color":{"alpha":1,"blue":0,"green":0.25,"red":1},"font":{"face":"Bold",)"
-    R"("family":"Noto","packageCopy":"ab12","postScriptName":"Noto-Bold"},"fontSize":18,"formula":{"colors":{"x":"#FF0000",)"
-    R"("y":"red"}},"lineSpacing":1.2,"origin":[5,6],"string":"a/b \"x\"","tracking":0.5,"vertical":true,"weight":"semibold"}}},)"
-    R"("id":"00000000-0000-0000-0000-000000000003","isHidden":false,"isLocked":false,"name":"文字 1","span":{"underLens":true}}]},)"
-    R"("id":"00000000-0000-0000-0000-000000000001","isHidden":true,"isLocked":true,"name":"编组 1","section":"00000000-0000-0000-0000-00000000005B"},)"
-    R"({"backFace":{"hidden":true},"clock":{"rate":0.5},"content":{"annotation":{"sticker":{"frame":[[0,0],)"
-    R"([64,64]],"image":"stickers/cat.png","rotation":0}}},"depthSorted":true,"drivers":{"list":[]},"effects":{"entries":[{"primitive":"blur"}]},)"
-    R"("host":"00000000-0000-0000-0000-00000000005A","id":"00000000-0000-0000-0000-000000000004","isHidden":false,)"
-    R"("isLocked":false,"motionBlur":true,"name":"贴图 1","paused":{"perspective":{"tilt":0.1},"split":{"order":"center",)"
-    R"("stagger":120000,"unit":"line"}},"section":"00000000-0000-0000-0000-00000000005B","sourceOnly":true,)"
-    R"("strokeProgress":{"end":0.5},"thickness":{"bevel":1.5,"bevelProfile":"flat","bevelSegments":4,"depth":10,)"
-    R"("material":{"metal":0.5}},"vectorSource":{"file":"vectors/cat.svg","name":"cat.svg","page":2,"sha256":"00ff",)"
-    R"("skipped":["filter"]}},{"clip":{"path":{"anchors":[{"point":[0,0]},{"handleIn":[8,-2],"handleOut":[12,)"
-    R"(2],"isSmooth":true,"point":[10,0]}],"isClosed":true}},"content":{"annotation":{"path":{"detail":{"cap":"round",)"
-    R"("dash":[2,1],"dashPhase":0.5,"evenOdd":true,"gradient":{"focal":[0.5,0.5],"from":[0,0],"kind":"radial",)"
-    R"("stops":[{"color":{"alpha":1,"blue":0,"green":0.25,"red":1},"offset":0},{"color":{"alpha":0.5,"blue":1,)"
-    R"("green":0,"red":0},"offset":1}],"to":[1,1]},"join":"bevel","miterLimit":4,"subpaths":[{"anchors":[{"point":[0,)"
-    R"(0]},{"handleIn":[8,-2],"handleOut":[12,2],"isSmooth":true,"point":[10,0]}],"isClosed":true}]},"fill":{"alpha":0.5,)"
-    R"("blue":1,"green":0,"red":0},"path":{"anchors":[{"point":[0,0]},{"handleIn":[8,-2],"handleOut":[12,2],)"
-    R"("isSmooth":true,"point":[10,0]}],"isClosed":true},"pattern":"sketch"}}},"id":"00000000-0000-0000-0000-000000000005",)"
-    R"("inkTexture":{"cell":16,"kind":"pixel"},"isHidden":false,"isLocked":false,"name":"路径 1"},{"content":{"annotation":{"arrow":{"body":"tapered",)"
-    R"("end":[100,50],"heads":"both","path":{"anchors":[{"point":[0,0]},{"handleIn":[8,-2],"handleOut":[12,)"
-    R"(2],"isSmooth":true,"point":[10,0]}],"isClosed":true},"pattern":"dotted","start":[0,0],"stroke":{"color":{"alpha":1,)"
-    R"("blue":0,"green":0.25,"red":1},"width":4},"through":[{"across":-10,"along":0.5}]}}},"id":"00000000-0000-0000-0000-000000000006",)"
-    R"("isHidden":false,"isLocked":false,"name":"箭头 1"},{"content":{"annotation":{"pen":{"points":[[0,0],)"
-    R"([1,1]],"stroke":{"color":{"alpha":1,"blue":0,"green":0.25,"red":1},"width":4},"times":[0,0.016]}}},"id":"00000000-0000-0000-0000-000000000007",)"
-    R"("isHidden":false,"isLocked":false,"name":"画笔 1"},{"content":{"annotation":{"counter":{"center":[5,)"
-    R"(5],"color":{"alpha":1,"blue":0,"green":0.25,"red":1},"diameter":28,"number":3}}},"id":"00000000-0000-0000-0000-000000000008",)"
-    R"("isHidden":false,"isLocked":false,"name":"序号 1"},{"content":{"annotation":{"redact":{"cellSize":12,)"
-    R"("color":{"alpha":1,"blue":0,"green":0.25,"red":1},"frame":[[0,0],[10,10]],"mode":"blur","strength":0.5}}},)"
-    R"("id":"00000000-0000-0000-0000-000000000009","isHidden":false,"isLocked":false,"name":"打码 1"},{"content":{"annotation":{"spotlight":{"dim":0.5,)"
-    R"("frame":[[0,0],[10,10]],"shape":"ellipse"}}},"id":"00000000-0000-0000-0000-00000000000A","isHidden":false,)"
-    R"("isLocked":false,"name":"聚焦 1"},{"clip":{"picture":{"section":"00000000-0000-0000-0000-00000000005B"}},)"
-    R"("content":{"annotation":{"magnifier":{"frame":[[0,0],[10,10]],"hasShadow":false,"pinned":[[1,1],[2,2]],)"
-    R"("shape":"rectangle","stroke":{"color":{"alpha":1,"blue":0,"green":0.25,"red":1},"width":4},"zoom":2}}},)"
-    R"("id":"00000000-0000-0000-0000-00000000000B","isHidden":false,"isLocked":false,"name":"放大镜 1"},)"
-    R"({"clip":{"picture":{"object":"00000000-0000-0000-0000-000000000003"}},"content":{"annotation":{"followPoint":{"center":[3,)"
-    R"(4]}}},"id":"00000000-0000-0000-0000-00000000000C","isHidden":false,"isLocked":false,"name":"跟随点 1"},)"
-    R"({"content":{"annotation":{"particles":{"colors":[{"alpha":1,"blue":1,"green":1,"red":1}],"life":{"high":2,"low":1},)"
-    R"("overlap":"add","rate":30,"seed":5,"sizeEnd":0,"sizeStart":4,"source":{"point":[0,0]},"speed":{"high":9,"low":3},)"
-    R"("turbulence":2,"turbulenceRate":0}}},"id":"00000000-0000-0000-0000-00000000000D",)"
-    R"("isHidden":false,"isLocked":false,"name":"粒子 1"},{"content":{"annotation":{"solid":{"frame":[[0,)"
-    R"(0],[1,1]],"geometry":"box"}}},"id":"00000000-0000-0000-0000-00000000000E","isHidden":false,"isLocked":false,)"
-    R"("name":"基本体 1"},{"content":{"annotation":{"generator":{"program":"waves"}}},"id":"00000000-0000-0000-0000-00000000000F",)"
-    R"("isHidden":false,"isLocked":false,"name":"生成器 1"},{"content":{"annotation":{"line":{"end":[1,0],)"
-    R"("heads":"none","start":[0,0],"stroke":{"color":{"alpha":1,"blue":0,"green":0.25,"red":1},"width":4}}}},)"
-    R"("id":"00000000-0000-0000-0000-000000000010","isHidden":false,"isLocked":false,"name":"直线 1"},{"content":{"group":[]},)"
-    R"("id":"00000000-0000-0000-0000-000000000011","isHidden":false,"isLocked":false,"name":"编组 2"}])";
+// A tree that uses every annotation kind and every field of a node.
+std::string storedTree() {
+    std::ifstream in(OVIK_SOURCE_DIR "/tests/OvikModel/objects/tree.json", std::ios::binary);
+    return JSONValue::parse(std::string(std::istreambuf_iterator<char>(in), {})).compact();
+}
 
 template <class T>
 std::string rewritten(std::string_view json) {
@@ -85,8 +26,9 @@ std::string rewritten(std::string_view json) {
 }
 
 TEST(ObjectTreeJSON, RichTreeRoundTripsByteForByte) {
-    const auto nodes = decodeJSON<std::vector<ObjectNode>>(richTree);
-    EXPECT_EQ(encodeJSON(nodes).compact(), richTree);
+    const std::string stored = storedTree();
+    const auto nodes = decodeJSON<std::vector<ObjectNode>>(std::string_view(stored));
+    EXPECT_EQ(encodeJSON(nodes).compact(), stored);
 
     ASSERT_EQ(nodes.size(), 15u);
     const auto& children = *nodes[0].content.children();
