@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include <cmath>
 
 #include "OvikModel/Draft.h"
@@ -70,13 +72,8 @@ TEST(Draft, BadDraftsAreRefusedWithTextAndPlace) {
                                   R"("area":{"displayID":1,"rect":[[0,0],[1,1]],"scale":1}})";
     const std::string shot = R"({"image":"a.png","pixelSize":{"height":1,"width":1},"scale":1,"colorSpaceName":"s"})";
     const char* noParts = "A draft needs at least one media and one section";
-    struct Case {
-        std::string json;
-        Kind kind;
-        const char* path;
-        const char* text;
-    };
-    const Case cases[] = {
+    // json, kind, path, text
+    const std::tuple<std::string, Kind, const char*, const char*> cases[] = {
         {draftJSON(media, ""), Kind::dataCorrupted, "", noParts},
         {draftJSON("", still), Kind::dataCorrupted, "", noParts},
         {draftJSON(media + "," + media), Kind::dataCorrupted, "", "Media or section ids repeat"},
@@ -94,7 +91,7 @@ TEST(Draft, BadDraftsAreRefusedWithTextAndPlace) {
         {withMedia(R"({"video":)" + recording + "}"), Kind::dataCorrupted, "media[0].source.video",
          "An imported video needs the file it came from"},
     };
-    for (const Case& c : cases) testing::expectRefused<Draft>({c.json.c_str(), c.kind, c.path, c.text});
+    for (const auto& [json, kind, path, text] : cases) testing::expectRefused<Draft>({json.c_str(), kind, path, text});
 }
 
 TEST(Draft, TheProbeReadsTheNumberWhateverElseIsThere) {
@@ -128,21 +125,17 @@ TEST(PackagePath, IsABareStringAndTakesAnyText) {
 }
 
 TEST(DraftDocument, URLAppendsThePathTextToThePackage) {
-    struct Case {
-        const char* package;
-        const char* path;
-        const char* expected;
-    };
-    const Case cases[] = {
+    // package, path, expected
+    const std::tuple<const char*, const char*, const char*> cases[] = {
         {"/drafts/A.ovikwork", "media/screenshot.png", "/drafts/A.ovikwork/media/screenshot.png"},
         {"/drafts/A.ovikwork/", "draft.json", "/drafts/A.ovikwork/draft.json"},
         // A leading "/" doesn't make the path replace the package.
         {"/drafts/A.ovikwork", "/etc/passwd", "/drafts/A.ovikwork//etc/passwd"},
         {"/drafts/A.ovikwork", "", "/drafts/A.ovikwork"},
     };
-    for (const Case& c : cases) {
-        const DraftDocument document{Draft{}, c.package};
-        EXPECT_EQ(document.url(PackagePath{c.path}).string(), c.expected) << c.path;
+    for (const auto& [package, path, expected] : cases) {
+        const DraftDocument document{Draft{}, package};
+        EXPECT_EQ(document.url(PackagePath{path}).string(), expected) << path;
     }
 }
 

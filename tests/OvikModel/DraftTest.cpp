@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include <cmath>
 #include <set>
 
@@ -21,14 +23,8 @@ constexpr std::string_view recordingMedia =
 Draft read(const std::string& json) { return decodeJSON<Draft>(std::string_view(json)); }
 
 TEST(DraftNames, DateAndTimeInTheGivenZone) {
-    struct Case {
-        Date date;
-        std::int64_t offset;
-        OutputKind kind;
-        const char* name;
-        const char* month;
-    };
-    const Case cases[] = {
+    // date, offset, kind, name, month
+    const std::tuple<Date, std::int64_t, OutputKind, const char*, const char*> cases[] = {
         {Date{march5}, 0, OutputKind::screenshot, "2024-03-05 截图 14.07", "2024-03"},
         {Date{march5}, 9 * 3600 + 1800, OutputKind::recording, "2024-03-05 录屏 23.37", "2024-03"},
         {Date{march5}, 10 * 3600, OutputKind::animation, "2024-03-06 动画 00.07", "2024-03"},
@@ -36,9 +32,9 @@ TEST(DraftNames, DateAndTimeInTheGivenZone) {
         {Date{-0.5}, 0, OutputKind::screenshot, "2000-12-31 截图 23.59", "2000-12"},
         {Date::fromSecondsSince1970(951782400), 0, OutputKind::screenshot, "2000-02-29 截图 00.00", "2000-02"},
     };
-    for (const Case& c : cases) {
-        EXPECT_EQ(Draft::baseName(c.kind, c.date, TimeZone{c.offset}), c.name) << c.name;
-        EXPECT_EQ(Draft::monthFolderName(c.date, TimeZone{c.offset}), c.month) << c.name;
+    for (const auto& [date, offset, kind, name, month] : cases) {
+        EXPECT_EQ(Draft::baseName(kind, date, TimeZone{offset}), name) << name;
+        EXPECT_EQ(Draft::monthFolderName(date, TimeZone{offset}), month) << name;
     }
     EXPECT_EQ(Draft::baseName("Take", Date{march5}, TimeZone{}), "2024-03-05 Take 14.07");
 }
@@ -73,23 +69,18 @@ TEST(Draft, ANewAnimationIsOneCanvasStill) {
 TEST(Draft, KindsFollowTheMediaAndTheAnimationFlag) {
     const std::string both = std::string(testing::canvasMedia) + "," + std::string(recordingMedia);
     const std::string animated = R"(,"isAnimation":true)";
-    struct Case {
-        std::string json;
-        DraftKind kind;
-        OutputKind output;
-        bool timed;
-    };
-    const Case cases[] = {
+    // json, kind, output, timed
+    const std::tuple<std::string, DraftKind, OutputKind, bool> cases[] = {
         {draftJSON(), DraftKind::screenshot, OutputKind::screenshot, false},
         {draftJSON(testing::canvasMedia, testing::stillSection, animated), DraftKind::screenshot,
          OutputKind::animation, true},
         {draftJSON(both, testing::stillSection, animated), DraftKind::recording, OutputKind::recording, true},
     };
-    for (const Case& c : cases) {
-        const Draft draft = read(c.json);
-        EXPECT_EQ(draft.kind(), c.kind) << c.json;
-        EXPECT_EQ(draft.outputKind(), c.output) << c.json;
-        EXPECT_EQ(draft.isTimed(), c.timed) << c.json;
+    for (const auto& [json, kind, output, timed] : cases) {
+        const Draft draft = read(json);
+        EXPECT_EQ(draft.kind(), kind) << json;
+        EXPECT_EQ(draft.outputKind(), output) << json;
+        EXPECT_EQ(draft.isTimed(), timed) << json;
     }
     // The primary media is the one the first section shows, wherever it stands.
     Draft draft = read(draftJSON(both));

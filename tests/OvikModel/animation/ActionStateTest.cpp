@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "ActionSamples.h"
 #include "OvikModel/animation/DraftAppearance.h"
 #include "OvikModel/animation/ObjectAppearance.h"
@@ -12,22 +14,18 @@ namespace {
 using namespace testing;
 
 TEST(ActionState, PlainAndInDepth) {
-    struct Case {
-        PropertyKey key;
-        double value;
-        bool plain, inDepth;
-    };
-    const Case cases[] = {
+    // key, value, plain, inDepth
+    const std::tuple<PropertyKey, double, bool, bool> cases[] = {
         {PropertyKey::stretchX(), 2, false, false}, {PropertyKey::skew(), 1, false, false},
         {PropertyKey::blur(), -1, true, false},     {PropertyKey::blur(), 1, false, false},
         {PropertyKey::depth(), 5, true, true},      {PropertyKey::rotationY(), 0.2, true, true},
         {PropertyKey::scale(), 3, true, false},
     };
-    for (const Case& c : cases) {
+    for (const auto& [key, value, plain, inDepth] : cases) {
         ActionState state = ActionState::rest();
-        state[c.key] = c.value;
-        EXPECT_EQ(state.isPlain(), c.plain) << c.key.name();
-        EXPECT_EQ(state.isInDepth(), c.inDepth) << c.key.name();
+        state[key] = value;
+        EXPECT_EQ(state.isPlain(), plain) << key.name();
+        EXPECT_EQ(state.isInDepth(), inDepth) << key.name();
     }
     EXPECT_TRUE(ActionState::rest().isPlain());
     EXPECT_FALSE(ActionState::rest().isInDepth());
@@ -123,15 +121,13 @@ TEST(ObjectAppearance, CarriesSettingsOnlyWhenSomethingConfigures) {
     arranged[PropertyKey::arrangeAngle()] = 30;
     ActionState shifted = moved;
     shifted.effectShifts[EffectAddress{0, "amount"}] = 0.5;
-    const struct {
-        const char* what;
-        const ActionState& state;
-        bool held;
-    } cases[] = {{"a move only", moved, false}, {"a setting number", arranged, true}, {"an effect shift", shifted, true}};
-    for (const auto& c : cases) {
-        const ObjectAppearance look(c.state, true);
-        EXPECT_EQ(look.settings.has_value(), c.held) << c.what;
-        EXPECT_EQ(look.settingsState(), c.state.settings()) << c.what;
+    // what, state, held
+    const std::tuple<const char*, const ActionState&, bool> cases[] = {
+        {"a move only", moved, false}, {"a setting number", arranged, true}, {"an effect shift", shifted, true}};
+    for (const auto& [what, state, held] : cases) {
+        const ObjectAppearance look(state, true);
+        EXPECT_EQ(look.settings.has_value(), held) << what;
+        EXPECT_EQ(look.settingsState(), state.settings()) << what;
     }
 }
 

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "OvikModel/animation/Action.h"
 #include "OvikModel/animation/ActionList.h"
 
@@ -96,12 +98,8 @@ TEST(ActionList, EntranceAndExitLengthsTakeTheLongest) {
 }
 
 TEST(ActionList, BeyondBasicsSplitsByRange) {
-    struct Case {
-        const char* name;
-        Action action;
-        bool earlier, later;
-    };
-    const Case cases[] = {
+    // name, action, earlier, later
+    const std::tuple<const char*, Action, bool, bool> cases[] = {
         {"opening", over(ActionRange::opening{us(0), us(10)}), true, false},
         {"closing", over(ActionRange::closing{us(0), us(10)}), false, true},
         {"whole", whole(), true, true},
@@ -112,10 +110,10 @@ TEST(ActionList, BeyondBasicsSplitsByRange) {
         {"between after", between(600, 900), false, true},
         {"reversed after", between(600, 100), false, true},
     };
-    for (const Case& c : cases) {
-        const SplitActions halves = beyondBasics({c.action}, SourceTime{500});
-        EXPECT_EQ(halves.earlier.size(), c.earlier ? 1u : 0u) << c.name;
-        EXPECT_EQ(halves.later.size(), c.later ? 1u : 0u) << c.name;
+    for (const auto& [name, action, earlier, later] : cases) {
+        const SplitActions halves = beyondBasics({action}, SourceTime{500});
+        EXPECT_EQ(halves.earlier.size(), earlier ? 1u : 0u) << name;
+        EXPECT_EQ(halves.later.size(), later ? 1u : 0u) << name;
     }
 }
 

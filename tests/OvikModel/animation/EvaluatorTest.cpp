@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include <algorithm>
 #include <cmath>
 #include <random>
@@ -35,14 +37,8 @@ TEST(ActionEvaluator, NumbersAtAMoment) {
     const Action turn = rotation(100, 0, between(0, 2));
     const std::vector<Action> interrupted = {turn, rotation(200, {}, between(1, 3))};
     const std::vector<Action> twoTracks = {turn, rotation(200, 0, between(1, 3))};
-    struct Case {
-        const char* what;
-        std::vector<Action> actions;
-        double now, end; // the life runs from 0 to `end`
-        PropertyKey key;
-        double value;
-    };
-    const Case cases[] = {
+    // What, the actions, the moment in a life from 0 to `end`, and the number of `key` then.
+    const std::tuple<const char*, std::vector<Action>, double, double, PropertyKey, double> cases[] = {
         // An entrance and an exit longer than the life both play at the same shorter length.
         {"squeezed entrance", {fadeIn, fadeOut}, 0.25, 1, P::opacity(), 0.5},
         {"squeezed exit", {fadeIn, fadeOut}, 0.75, 1, P::opacity(), 0.5},
@@ -70,7 +66,8 @@ TEST(ActionEvaluator, NumbersAtAMoment) {
         {"a zoom", {zoom}, 1, 10, P::scale(), 2.5},
         {"a zoom about a point moves by equal ratios", {zoomAbout}, 1, 10, P::scale(), 2},
     };
-    for (const Case& c : cases) EXPECT_NEAR(evaluate(c.actions, clockAt(c.now, 0, c.end))[c.key], c.value, 1e-6) << c.what;
+    for (const auto& [what, actions, now, end, key, value] : cases)
+        EXPECT_NEAR(evaluate(actions, clockAt(now, 0, end))[key], value, 1e-6) << what;
 }
 
 // Ordering decides most pairs by the first numbers of their keys; it must agree with the
@@ -94,13 +91,8 @@ TEST(ActionEvaluator, OrderingAgreesWithWholeSortKeys) {
 }
 
 TEST(ActionEvaluator, PhasesOfEachRange) {
-    struct Case {
-        ActionRange range;
-        double now;
-        Kind kind;
-        double progress;
-    };
-    const Case cases[] = {
+    // range, now, kind, progress
+    const std::tuple<ActionRange, double, Kind, double> cases[] = {
         {opening(1, 2), 0.5, Kind::before, 0}, {opening(1, 2), 1.5, Kind::during, 0.25},
         {opening(1, 2), 3, Kind::done, 1},     {closing(1, 2), 6, Kind::before, 0},
         {closing(1, 2), 8.5, Kind::during, 0.75}, {closing(1, 2), 9, Kind::done, 1},
@@ -108,12 +100,12 @@ TEST(ActionEvaluator, PhasesOfEachRange) {
         {whole(), 2.5, Kind::during, 0.25},    {whole(), 10, Kind::done, 1},
         {between(4, 6), 5.5, Kind::during, 0.75}, {between(4, 6), 6, Kind::done, 1},
     };
-    for (const Case& c : cases) {
-        const auto phase = ActionEvaluator::phase(action(PropertyKey::rotation(), toNumber(1), c.range), clockAt(c.now),
+    for (const auto& [range, now, kind, progress] : cases) {
+        const auto phase = ActionEvaluator::phase(action(PropertyKey::rotation(), toNumber(1), range), clockAt(now),
                                                   std::nullopt);
-        ASSERT_TRUE(phase) << c.now;
-        EXPECT_EQ(phase->kind, c.kind) << c.now;
-        EXPECT_NEAR(phase->progress, c.progress, 1e-12) << c.now;
+        ASSERT_TRUE(phase) << now;
+        EXPECT_EQ(phase->kind, kind) << now;
+        EXPECT_NEAR(phase->progress, progress, 1e-12) << now;
     }
 }
 
@@ -251,12 +243,8 @@ TEST(ActionNoise, SeedsGiveDifferentNoiseAndBadInputGivesZero) {
 
 TEST(ActionBlend, ValuesOfOneKind) {
     using V = ActionValue;
-    struct Case {
-        V a, b;
-        double t;
-        V expected;
-    };
-    const Case cases[] = {
+    // a, b, t, expected
+    const std::tuple<V, V, double, V> cases[] = {
         {V::makeNumber(2), V::makeNumber(4), 0.25, V::makeNumber(2.5)},
         {V::makeVector(0, 10), V::makeVector(10, 0), 0.5, V::makeVector(5, 5)},
         // A fade from nothing takes the colour of where it goes.
@@ -274,7 +262,7 @@ TEST(ActionBlend, ValuesOfOneKind) {
         {V::makeNumber(1), V::makeText("x"), 0.4, V::makeNumber(1)},
         {V::makeNumber(1), V::makeText("x"), 0.6, V::makeText("x")},
     };
-    for (const Case& c : cases) EXPECT_EQ(ActionEvaluator::blend(c.a, c.b, c.t), c.expected) << c.t;
+    for (const auto& [a, b, t, expected] : cases) EXPECT_EQ(ActionEvaluator::blend(a, b, t), expected) << t;
 }
 
 TEST(ActionBlend, CountingNeedsPlainNumbers) {

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "OvikModel/time/TimeSamples.h"
 
 namespace ovik {
@@ -9,16 +11,13 @@ using testing::frozen;
 using testing::playing;
 
 TEST(KeptStretch, OutputLengthNeverCollapses) {
-    struct Case {
-        KeptStretch stretch;
-        std::int64_t output;
-    };
-    const Case cases[] = {
+    // stretch, output
+    const std::tuple<KeptStretch, std::int64_t> cases[] = {
         {playing(0, 1, 8), 1},          {playing(0, 10, 3), 3},       {playing(0, 10, 4), 3},  // 2.5 rounds up
         {playing(0, 1000, 0.5), 2000},  {frozen(7, 250), 250},        {playing(5, 5, 2), 0},
     };
-    for (const Case& c : cases)
-        EXPECT_EQ(c.stretch.outputLength().microseconds, c.output) << c.stretch.range.description();
+    for (const auto& [stretch, output] : cases)
+        EXPECT_EQ(stretch.outputLength().microseconds, output) << stretch.range.description();
 }
 
 TEST(KeptStretch, ReversedStretchRunsFromItsEnd) {
@@ -51,37 +50,30 @@ TEST(KeptStretch, JoinedMergesOnlySeamsThatResume) {
     faster.rate = 2;
     KeptStretch apart = playing(15, 20);
     apart.resumes = true;
-    struct Case {
-        std::vector<KeptStretch> list;
-        std::vector<std::size_t> indices;
-        std::size_t count;
-    };
-    const Case cases[] = {
+    // list, indices, count
+    const std::tuple<std::vector<KeptStretch>, std::vector<std::size_t>, std::size_t> cases[] = {
         {{playing(0, 10), right}, {1}, 1},  {{playing(0, 10), right}, {}, 2},
         {{playing(0, 10), faster}, {1}, 2}, {{playing(0, 10), apart}, {1}, 2},
         {{playing(0, 10), playing(10, 20)}, {1}, 2},
     };
-    for (const Case& c : cases) EXPECT_EQ(joined(c.list, c.indices).size(), c.count);
+    for (const auto& [list, indices, count] : cases) EXPECT_EQ(joined(list, indices).size(), count);
     EXPECT_EQ(joined({playing(0, 10), right}, {1})[0].range.end, SourceTime{20});
 }
 
 TEST(KeptStretch, AFreezeGoesBeforeTheFirstStretchAfterItsFrame) {
-    struct Case {
-        std::int64_t at;
-        std::vector<SourceTime> starts;
-    };
-    const Case cases[] = {
+    // Where a freeze goes in, and the starts of the stretches after it.
+    const std::tuple<std::int64_t, std::vector<SourceTime>> cases[] = {
         {0, {SourceTime{0}, SourceTime{0}, SourceTime{10}}},
         {10, {SourceTime{0}, SourceTime{10}, SourceTime{10}}},
         {5, {SourceTime{0}, SourceTime{5}, SourceTime{5}, SourceTime{10}}},
         {30, {SourceTime{0}, SourceTime{10}, SourceTime{30}}},
     };
-    for (const Case& c : cases) {
+    for (const auto& [at, expected] : cases) {
         std::vector<KeptStretch> stretches{playing(0, 10), playing(10, 20)};
-        insertFreeze(stretches, KeptStretch::freeze(SourceTime{c.at}, MediaDuration{1}));
+        insertFreeze(stretches, KeptStretch::freeze(SourceTime{at}, MediaDuration{1}));
         std::vector<SourceTime> starts;
         for (const KeptStretch& s : stretches) starts.push_back(s.range.start);
-        EXPECT_EQ(starts, c.starts) << c.at;
+        EXPECT_EQ(starts, expected) << at;
     }
     // A second freeze at the same frame lands after the first.
     std::vector<KeptStretch> stretches{playing(0, 10)};

@@ -131,12 +131,8 @@ TEST(DraftRenderKey, PayloadHoldsOnlyWhatTheDraftUses) {
     stylingOff.cursor.isStylingOff = true;
     Draft noEvents = recordingDraft();
     noEvents.media.mutableItems()[0].source.as<MediaSource::recording>().value.events.reset();
-    const struct {
-        const char* what;
-        Draft draft;
-        std::optional<Instruments> instruments;
-        std::set<std::string> keys;
-    } cases[] = {
+    // what, draft, instruments, keys
+    const std::tuple<const char*, Draft, std::optional<Instruments>, std::set<std::string>> cases[] = {
         {"canvas, no objects", canvasDraft(), {}, always},
         {"recording with events", recordingDraft(), {}, with({"typing"})},
         {"typing hidden", hiddenKeys, {}, with({"keys"})},
@@ -150,10 +146,10 @@ TEST(DraftRenderKey, PayloadHoldsOnlyWhatTheDraftUses) {
         {"styling off draws the plain cursor", stylingOff, {}, always},
         {"recording without events", noEvents, {}, always},
     };
-    for (const auto& c : cases) {
-        EXPECT_EQ(payloadKeys(c.draft, c.instruments), c.keys) << c.what;
+    for (const auto& [what, draft, instruments, keys] : cases) {
+        EXPECT_EQ(payloadKeys(draft, instruments), keys) << what;
         RenderKeyParts::InlineScope inlineOnly;
-        EXPECT_EQ(payloadKeys(c.draft, c.instruments), c.keys) << c.what << " (inline)";
+        EXPECT_EQ(payloadKeys(draft, instruments), keys) << what << " (inline)";
     }
 }
 

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include <fstream>
 #include <iterator>
 
@@ -111,20 +113,16 @@ TEST(ObjectTreeJSON, BadInputFailsWithItsPlace) {
 }
 
 TEST(FormulaInk, ReadsNamesAndNumbersLeniently) {
-    struct Case {
-        const char* text;
-        const char* stored;
-        std::uint32_t color;
-    };
-    const Case cases[] = {
+    // text, stored, color
+    const std::tuple<const char*, const char*, std::uint32_t> cases[] = {
         {" #abc ", "#AABBCC", 0xAABBCC}, {"#0a84ff", "#0A84FF", 0x0A84FF}, {"Grey", "grey", 0x8E8E93},
         {"紫", "紫", 0xBF5AF2},          {"\tWHITE\n", "white", 0xFFFFFF},
     };
-    for (const Case& c : cases) {
-        const auto ink = FormulaInk::parse(c.text);
-        ASSERT_TRUE(ink) << c.text;
-        EXPECT_EQ(ink->text(), c.stored);
-        EXPECT_EQ(ink->color(), RGBA::fromHex(c.color)) << c.text;
+    for (const auto& [text, stored, color] : cases) {
+        const auto ink = FormulaInk::parse(text);
+        ASSERT_TRUE(ink) << text;
+        EXPECT_EQ(ink->text(), stored);
+        EXPECT_EQ(ink->color(), RGBA::fromHex(color)) << text;
     }
     for (const char* text : {"#12345", "#abcg", "#", "", "redish", "0A84FF"})
         EXPECT_FALSE(FormulaInk::parse(text)) << text;

@@ -26,16 +26,14 @@ TEST(ParticlesAnnotation, ANewRecipeWritesOnlyWhatDiffersFromAbsence) {
 }
 
 TEST(ParticlesAnnotation, TurbulenceRateIsWrittenOnlyWithTurbulence) {
-    const struct {
-        double turbulence, rate;
-        bool written;
-    } cases[] = {{0, 0, false}, {0, 3, false}, {5, 0, true}, {5, 3, true}};
-    for (const auto& c : cases) {
+    // turbulence, rate, written
+    const std::tuple<double, double, bool> cases[] = {{0, 0, false}, {0, 3, false}, {5, 0, true}, {5, 3, true}};
+    for (const auto& [turbulence, rate, written] : cases) {
         ParticlesAnnotation particles = standard();
-        particles.turbulence = c.turbulence;
-        particles.turbulenceRate = c.rate;
-        EXPECT_EQ(encodeJSON(particles).object()->count("turbulenceRate"), c.written ? 1u : 0u)
-            << c.turbulence << " " << c.rate;
+        particles.turbulence = turbulence;
+        particles.turbulenceRate = rate;
+        EXPECT_EQ(encodeJSON(particles).object()->count("turbulenceRate"), written ? 1u : 0u)
+            << turbulence << " " << rate;
     }
 }
 
@@ -74,20 +72,18 @@ TEST(ParticlesAnnotation, ReadingFailsWithoutARequiredKeyOrWithAnUnknownSource) 
 }
 
 TEST(ParticlesAnnotation, ReadingClampsDepthAndLetterDelay) {
-    const struct {
-        const char* depth;
-        const char* letterDelay;
-        double keptDepth, keptDelay;
-    } cases[] = {{"-5", "-1", 0, 0}, {"30000", "90", 20000, 60}, {"12.5", "0.25", 12.5, 0.25}};
-    for (const auto& c : cases) {
+    // The stored depth and letter delay, and what is kept of them.
+    const std::tuple<const char*, const char*, double, double> cases[] = {
+        {"-5", "-1", 0, 0}, {"30000", "90", 20000, 60}, {"12.5", "0.25", 12.5, 0.25}};
+    for (const auto& [depth, letterDelay, keptDepth, keptDelay] : cases) {
         JSONValue json = encodeJSON(standard());
-        json.object()->insert_or_assign("depth", JSONValue::parse(c.depth));
+        json.object()->insert_or_assign("depth", JSONValue::parse(depth));
         json.object()->insert_or_assign(
             "from", JSONValue::parse(std::string(R"({"object":"0B0B0B0B-0000-4000-8000-000000000001","letterDelay":)") +
-                                     c.letterDelay + "}"));
+                                     letterDelay + "}"));
         const auto particles = decodeJSON<ParticlesAnnotation>(json);
-        EXPECT_EQ(particles.depth, c.keptDepth) << c.depth;
-        EXPECT_EQ(particles.from->letterDelay, c.keptDelay) << c.letterDelay;
+        EXPECT_EQ(particles.depth, keptDepth) << depth;
+        EXPECT_EQ(particles.from->letterDelay, keptDelay) << letterDelay;
     }
 }
 

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "PropertySamples.h"
 
 namespace ovik {
@@ -41,12 +43,8 @@ TEST(EffectPaths, UnsetParametersReadAsTheDefaultsOfTheirPlace) {
 
 TEST(EffectPaths, SetThenGetOnEveryKindOfTarget) {
     const L10n::LanguageOverride english("en");
-    struct Case {
-        std::string path;
-        JSONValue value;
-        const char* read;
-    };
-    const Case cases[] = {
+    // path, value, read
+    const std::tuple<std::string, JSONValue, const char*> cases[] = {
         {"Box.effects[0].opacity", JSONValue(0.75), "0.75"},
         {"Box.effects[0].color", JSONValue(std::string("#F2542D")), R"("#F2542D")"},
         {"Box.effects[1].radius", JSONValue(40.0), "40"},
@@ -56,10 +54,10 @@ TEST(EffectPaths, SetThenGetOnEveryKindOfTarget) {
         {(sectionText + ".look.effects[0].amount"), JSONValue(0.1), "0.1"},
         {"look.effects[0].amount", JSONValue(-2.5), "-2.5"},
     };
-    for (const Case& c : cases) {
+    for (const auto& [path, value, read] : cases) {
         Draft draft = effectsDraft();
-        EXPECT_EQ(set(draft, c.path, c.value), "Change Effect parameter") << c.path;
-        EXPECT_EQ(compact(get(draft, c.path)), c.read) << c.path;
+        EXPECT_EQ(set(draft, path, value), "Change Effect parameter") << path;
+        EXPECT_EQ(compact(get(draft, path)), read) << path;
     }
 }
 
@@ -86,12 +84,8 @@ TEST(EffectPaths, TheValueAlreadyThereChangesNothing) {
 
 TEST(EffectPaths, RefusalsLeaveTheDraftAsItWas) {
     const L10n::LanguageOverride english("en");
-    struct Case {
-        std::string path;
-        JSONValue value;
-        const char* message;
-    };
-    const Case cases[] = {
+    // path, value, message
+    const std::tuple<std::string, JSONValue, const char*> cases[] = {
         {"Box.effects[2].radius", JSONValue(1.0), "effects[2].radius names no effect: the effects here are numbered 0 to 1"},
         {(sectionText + ".look.effects[1].amount"), JSONValue(0.1), "numbered 0 to 0"},
         {"Box.effects[0].radius", JSONValue(1.0), "effects[0].radius names no parameter of shadow; it has angle,"},
@@ -100,7 +94,7 @@ TEST(EffectPaths, RefusalsLeaveTheDraftAsItWas) {
         {"Box.effects[0].color", JSONValue(0.5), ""},
         {(mediaText + ".effects[0].place"), JSONValue(true), ""},
     };
-    for (const Case& c : cases) expectRefused(effectsDraft(), c.path, c.value, c.message);
+    for (const auto& [path, value, message] : cases) expectRefused(effectsDraft(), path, value, message);
 }
 
 TEST(EffectPaths, AMissingEffectCanNotBeRead) {

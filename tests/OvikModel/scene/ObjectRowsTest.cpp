@@ -42,10 +42,8 @@ Draft kindsDraft() {
 JSONValue json(const char* text) { return JSONValue::parse(text); }
 
 TEST(ObjectRows, EachRowRoundTripsOnAKindThatHasIt) {
-    const struct {
-        const char* path;
-        const char* value;
-    } cases[] = {
+    // A path and the text of a value it takes.
+    const std::tuple<const char*, const char*> cases[] = {
         {"Rect.fill", "true"},          {"Rect.fillColor", "\"#112233\""},     {"Path.fillColor", "\"#112233\""},
         {"Rect.gradient", "true"},      {"Oval.gradientFrom", "\"#445566\""},  {"Oval.gradientTo", "\"#778899\""},
         {"Rect.gradientAngle", "45"},   {"Rect.pattern", "\"dashed\""},        {"Pen.pattern", "\"sketch\""},
@@ -67,16 +65,16 @@ TEST(ObjectRows, EachRowRoundTripsOnAKindThatHasIt) {
         {"Rect.blend", "\"multiply\""}, {"Rect.sideMaterial", R"({"color":"#FF0000"})"},
         {"Rect.backMaterial", R"({"roughness":0.5})"},
     };
-    for (const auto& c : cases) {
+    for (const auto& [path, text] : cases) {
         Draft draft = kindsDraft();
-        const JSONValue value = json(c.value);
-        EXPECT_TRUE(set(draft, c.path, value)) << c.path;
-        const auto read = get(draft, c.path);
-        ASSERT_TRUE(read) << c.path;
-        EXPECT_TRUE(read->same(value)) << c.path << " reads " << read->compact();
-        EXPECT_FALSE(set(draft, c.path, value)) << c.path << " changed again";
+        const JSONValue value = json(text);
+        EXPECT_TRUE(set(draft, path, value)) << path;
+        const auto read = get(draft, path);
+        ASSERT_TRUE(read) << path;
+        EXPECT_TRUE(read->same(value)) << path << " reads " << read->compact();
+        EXPECT_FALSE(set(draft, path, value)) << path << " changed again";
         // What was written survives the draft's own JSON.
-        EXPECT_TRUE(get(reread(draft), c.path)->same(value)) << c.path;
+        EXPECT_TRUE(get(reread(draft), path)->same(value)) << path;
     }
 }
 
@@ -98,11 +96,8 @@ TEST(ObjectRows, AGroupReachesTheLeavesThatHaveTheRow) {
 
 TEST(ObjectRows, RefusalsNameTheProblemAndChangeNothing) {
     const L10n::LanguageOverride english("en");
-    const struct {
-        const char* path;
-        const char* value;
-        const char* message;
-    } cases[] = {
+    // path, value, message
+    const std::tuple<const char*, const char*, const char*> cases[] = {
         {"Rect.heads", "\"end\"", "it is only for Arrow, Line."},
         {"Rect.fillColor", "\"red\"", "#RRGGBB, or none"},
         {"Rect.speed", "20", ""},
@@ -119,7 +114,7 @@ TEST(ObjectRows, RefusalsNameTheProblemAndChangeNothing) {
         {"Text.weight", "1200", ""},
         {"Rect.sideMaterial", "[1]", "material JSON"},
     };
-    for (const auto& c : cases) expectRefused(kindsDraft(), c.path, json(c.value), c.message);
+    for (const auto& [path, value, message] : cases) expectRefused(kindsDraft(), path, json(value), message);
 }
 
 TEST(ObjectRows, AWeightWordLeavesTheWeightAxis) {

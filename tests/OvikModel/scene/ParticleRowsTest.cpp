@@ -29,10 +29,8 @@ Draft particlesDraft() {
     return draft;
 }
 
-const struct {
-    const char* row;
-    std::string value;
-} roundTrips[] = {
+// A row of a particles object and the text of a value it takes.
+const std::tuple<const char*, std::string> roundTrips[] = {
     {"particleRate", "120"}, {"particleBurst", "[[0.5, 20], [1, 5]]"}, {"particleBurst", "[]"}, {"particleLife", "3"},
     {"particleSpeed", "80"}, {"particleDirection", "-90"}, {"particleSpread", "45"}, {"particleGravity", "[0, 98]"},
     {"particleSize", "6"}, {"particleTrail", "0.5"}, {"particleDepth", "300"}, {"particleBlend", "\"add\""},
@@ -53,10 +51,10 @@ const struct {
 };
 
 TEST(ParticleRows, EveryRowRoundTripsThroughTheDraftAndItsJSON) {
-    for (const auto& c : roundTrips) {
+    for (const auto& [row, text] : roundTrips) {
         Draft draft = particlesDraft();
-        const std::string path = std::string("Sparks.") + c.row;
-        const JSONValue value = JSONValue::parse(c.value);
+        const std::string path = std::string("Sparks.") + row;
+        const JSONValue value = JSONValue::parse(text);
         set(draft, path, value);
         const auto read = get(draft, path);
         ASSERT_TRUE(read) << path;
@@ -68,7 +66,7 @@ TEST(ParticleRows, EveryRowRoundTripsThroughTheDraftAndItsJSON) {
 
 TEST(ParticleRows, EveryParticleRowIsReadAndWrittenOnParticlesOnly) {
     std::set<std::string> tried;
-    for (const auto& c : roundTrips) tried.insert(c.row);
+    for (const auto& [row, text] : roundTrips) tried.insert(row);
     std::size_t rows = 0;
     for (const PropertyKey key : PropertyTable::allKeys()) {
         const PropertySpec& spec = key.spec();

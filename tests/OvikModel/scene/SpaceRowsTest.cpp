@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <functional>
 #include <numbers>
 
 #include "PropertySamples.h"
@@ -183,34 +184,29 @@ TEST(SpaceRows, ValuesThatDoNotFitAreRefused) {
 TEST(SpaceRows, PathsThatNameNothing) {
     const L10n::LanguageOverride english("en");
     Draft draft = spaceDraft();
-    const auto problem = [&](const PropertyPath& path) -> std::pair<PropertyError::Kind, std::string> {
+    // The kind and text of the refusal of a write of 1 at a path, or of the path's text itself.
+    const auto problem = [&](const std::function<PropertyPath()>& path) -> std::pair<PropertyError::Kind, std::string> {
         try {
-            setProperty(draft, JSONValue(1), path);
+            setProperty(draft, JSONValue(1), path());
         } catch (const PropertyError& error) {
             return {error.kind(), error.what()};
         }
         return {PropertyError::Kind::internalError, "no refusal"};
     };
-    const auto parsed = [&](const std::string& text) -> std::pair<PropertyError::Kind, std::string> {
-        try {
-            return problem(PropertyPath::parse(text, draft));
-        } catch (const PropertyError& error) {
-            return {error.kind(), error.what()};
-        }
+    const auto text = [&](std::string path) { return [&draft, path] { return PropertyPath::parse(path, draft); }; };
+    const auto target = [](decltype(PropertyPath::Target::cases) on, PropertyKey key) {
+        return [=] { return PropertyPath{PropertyPath::Target{{}, on}, key, std::nullopt, std::nullopt}; };
     };
     using T = PropertyPath::Target;
     const SectionID section{numbered(0xBB)}, missing{numbered(0xB9)};
-    const PropertyKey near = *PropertyKey::named("space.fog.near");
-    EXPECT_EQ(parsed(at("nonsense")),
-              std::pair(PropertyError::Kind::invalid, std::string("nonsense is not a property of the space.")));
-    EXPECT_EQ(parsed(at("objects.0")).second, "objects.0 is not a property of the space.");
-    EXPECT_EQ(problem({T{{}, T::space{section}}, PropertyKey::position(), std::nullopt, std::nullopt}).second,
+    const auto invalid = PropertyError::Kind::invalid;
+    EXPECT_EQ(problem(text(at("nonsense"))), std::pair(invalid, std::string("nonsense is not a property of the space.")));
+    EXPECT_EQ(problem(text(at("objects.0"))).second, "objects.0 is not a property of the space.");
+    EXPECT_EQ(problem(target(T::space{section}, PropertyKey::position())).second,
               "position is not a property of the space.");
-    EXPECT_EQ(problem({T{{}, T::space{missing}}, near, std::nullopt, std::nullopt}),
+    EXPECT_EQ(problem(target(T::space{missing}, *PropertyKey::named("space.fog.near"))),
               std::pair(PropertyError::Kind::notFound, "There is no section called “" + missing.description() + "”."));
-    EXPECT_EQ(problem({T{{}, T::spaceNode{section, "objects.zero"}}, *PropertyKey::named("space.object.visible"),
-                       std::nullopt, std::nullopt})
-                  .second,
+    EXPECT_EQ(problem(target(T::spaceNode{section, "objects.zero"}, *PropertyKey::named("space.object.visible"))).second,
               "The space has no node objects.zero.");
 }
 

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "OvikModel/style/StylePreset.h"
+#include "OvikModel/style/Style.h"
 #include "OvikModel/values/DecodingFailure.h"
 
 namespace ovik {
@@ -130,14 +130,6 @@ TEST(Style, IsChangedLooksAtOneSectionOnly) {
     other.aspect = AspectRatio::makeRatio(1, 1);
     other.deviceFrame = DeviceFrame::browser;
     EXPECT_FALSE(other.isChanged(StyleSection::background));
-}
-
-TEST(StylePreset, OriginalIsTheOnlyBuiltIn) {
-    const auto all = BuiltInPresets::all();
-    ASSERT_EQ(all.size(), 1u);
-    EXPECT_EQ(BuiltInPresets::builtIn("original"), all[0]);
-    EXPECT_EQ(all[0].style, Style::original());
-    EXPECT_FALSE(BuiltInPresets::builtIn("Original").has_value());
 }
 
 } // namespace

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include <cmath>
 #include <limits>
 
@@ -43,14 +45,8 @@ const ClockLoop forever = ClockLoop::makeForever();
 ClockLoop times(std::int64_t count) { return ClockLoop::makeCount(count); }
 
 TEST(Clock, OwnTimeFollowsRateLoopOffsetAndEnd) {
-    struct Case {
-        const char* what;
-        Clock clock;
-        double at;
-        std::optional<double> length;
-        double own;
-    };
-    const Case cases[] = {
+    // what, clock, at, length, own
+    const std::tuple<const char*, Clock, double, std::optional<double>, double> cases[] = {
         {"plain within", Clock::plain(), 1.5, 4, 1.5},
         {"plain on its end", Clock::plain(), 4, 4, 4},
         {"plain past its end", Clock::plain(), 4.5, 4, 0},
@@ -80,7 +76,7 @@ TEST(Clock, OwnTimeFollowsRateLoopOffsetAndEnd) {
         {"curve limited to the length", curved({{0, 0}, {2, 4}, {4, 4}}), 1.5, 2.5, 2.5},
         {"curve limited to 0", curved({{0, -3}, {2, 1}}), 0, none, 0},
     };
-    for (const Case& c : cases) EXPECT_NEAR(c.clock.own(c.at, c.length), c.own, 1e-12) << c.what;
+    for (const auto& [what, clock, at, length, own] : cases) EXPECT_NEAR(clock.own(at, length), own, 1e-12) << what;
 }
 
 TEST(Clock, NaturalLengthIsWhatItPlaysOnItsOwn) {

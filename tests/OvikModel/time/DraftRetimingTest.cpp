@@ -1,10 +1,15 @@
 #include <gtest/gtest.h>
 
+#include <tuple>
+
+#include <cmath>
 #include <functional>
+#include <limits>
 
 #include "OvikModel/time/DraftRetiming.h"
 #include "OvikModel/time/DraftTiming.h"
 #include "OvikModel/time/Freeze.h"
+#include "OvikModel/time/Speed.h"
 #include "OvikModel/time/SpeedEdit.h"
 #include "TimeSamples.h"
 
@@ -46,12 +51,8 @@ TEST(DraftRetiming, SectionSpeedIsCheckedThenStoredClamped) {
     using K = SectionSpeed::Key;
     using H = SectionSpeed::Hold;
     const MediaDuration s{1'000'000};
-    struct Case {
-        SectionID section;
-        SectionSpeed speed;
-        TimeEditError::Reason reason;
-    };
-    const Case refused[] = {
+    // section, speed, reason
+    const std::tuple<SectionID, SectionSpeed, TimeEditError::Reason> refused[] = {
         {sectionID(9), speedOf({K{{}, 2, {}}}), TimelineEditError::nothingThere},
         {sectionID(1), speedOf({}, {}, true), SectionSpeedError::cannotReverse},
         {sectionID(1), speedOf({K{{}, 0.01, {}}}), SectionSpeedError::outOfRange},
@@ -59,8 +60,8 @@ TEST(DraftRetiming, SectionSpeedIsCheckedThenStoredClamped) {
         {sectionID(1), speedOf({}, {H{s, MediaDuration{10'000}}}), SectionSpeedError::outOfRange},
         {sectionID(1), speedOf({}, {H{MediaDuration{-1}, s}}), SectionSpeedError::outOfRange},
     };
-    for (const Case& c : refused)
-        expectRefused(recordingDraft(), [&](Draft& d) { setSectionSpeed(d, c.speed, c.section); }, c.reason);
+    for (const auto& [section, speed, reason] : refused)
+        expectRefused(recordingDraft(), [&](Draft& d) { setSectionSpeed(d, speed, section); }, reason);
 
     Draft draft = recordingDraft();
     setSectionSpeed(draft, speedOf({K{s, 1.23456, {}}, K{{}, 2, {}}}), sectionID(1));
@@ -138,11 +139,8 @@ TEST(DraftRetiming, FreezeSplitsAndRemovingRejoins) {
 }
 
 TEST(DraftRetiming, CutsKeepNoSlivers) {
-    struct Case {
-        SourceRange cut;
-        std::vector<SourceRange> kept;
-    };
-    const Case cases[] = {
+    // The range cut, and the ranges kept.
+    const std::tuple<SourceRange, std::vector<SourceRange>> cases[] = {
         {src(1'000'000, 2'000'000), {src(0, 1'000'000), src(2'000'000, 3'000'000)}},
         {src(1'000'000, 2'983'334), {src(0, 1'000'000)}},
         {src(1'000'000, 2'983'333), {src(0, 1'000'000), src(2'983'333, 3'000'000)}},
@@ -150,10 +148,10 @@ TEST(DraftRetiming, CutsKeepNoSlivers) {
         {src(100'000, 3'000'000), {src(0, 100'000)}}, // what is left may be as short as 0.1 s
         {src(5'000, 500'000), {src(500'000, 3'000'000)}},
     };
-    for (const Case& c : cases) {
+    for (const auto& [removed, kept] : cases) {
         Draft draft = recordingDraft();
-        cut(draft, c.cut);
-        EXPECT_EQ(playedRanges(stretchesOf(draft)), c.kept) << c.cut.description();
+        cut(draft, removed);
+        EXPECT_EQ(playedRanges(stretchesOf(draft)), kept) << removed.description();
     }
     expectRefused(recordingDraft(), [](Draft& d) { cut(d, src(10'000, 2'950'000)); },
                   TimelineEditError::wouldRemoveEverything);
@@ -187,6 +185,22 @@ TEST(DraftRetiming, SpeedEditsApplyAndNameThemselves) {
     lengthen.apply(draft);
     EXPECT_EQ(allFreezes(draft)[0].length.microseconds, 3'000'000);
     EXPECT_NE(lengthen.undoName(), freezing.undoName());
+}
+
+constexpr double nan = std::numeric_limits<double>::quiet_NaN();
+
+TEST(Speed, ClampedKeepsTheRangeAndRoundsToHundredths) {
+    const std::pair<double, double> speeds[] = {{nan, 1},    {0.2, 0.5},    {0.5, 0.5}, {1.234, 1.23},
+                                                {1.125, 1.13}, {1.375, 1.38}, {20, 8},    {-3, 0.5}};
+    for (const auto& [in, out] : speeds) EXPECT_EQ(Speed::clamped(in), out) << in;
+    const std::pair<double, const char*> texts[] = {{1, "1×"}, {1.5, "1.5×"}, {0.75, "0.75×"}, {2.10, "2.1×"}};
+    for (const auto& [rate, text] : texts) EXPECT_EQ(Speed::text(rate), text);
+}
+
+TEST(Freeze, ClampedKeepsATenthToThirtySeconds) {
+    const std::pair<double, std::int64_t> freezes[] = {
+        {nan, 2'000'000}, {0.05, 100'000}, {0.1, 100'000}, {1.5, 1'500'000}, {90, 30'000'000}};
+    for (const auto& [seconds, length] : freezes) EXPECT_EQ(Freeze::clamped(seconds).microseconds, length) << seconds;
 }
 
 } // namespace

@@ -3,13 +3,9 @@
 #include "OvikModel/values/ExportFormatID.h"
 #include "OvikModel/values/Identifier.h"
 #include "OvikPlatform/json/JSONWriter.h"
-#include "DecodingFailure.h"
 
 namespace ovik {
 namespace {
-
-using testing::DecodingFailure;
-using testing::expectRefused;
 
 constexpr const char* sample = "E621E1F8-C36C-495A-93FC-0C247A3E6E5F";
 
@@ -34,15 +30,6 @@ TEST(Identifier, JSONIsTheBareCanonicalText) {
     // Lower case is read, upper case written.
     const auto id = decodeJSON<DraftID>(std::string_view("\"e621e1f8-c36c-495a-93fc-0c247a3e6e5f\""));
     EXPECT_EQ(encodeJSON(id).compact(), std::string("\"") + sample + "\"");
-}
-
-TEST(Identifier, MalformedIdentifiersAreRefusedWithTheirPath) {
-    const DecodingFailure failures[] = {
-        {R"({"object":"E621E1F8-C36C-495A-93FC","format":"gif"})", DecodingError::Kind::dataCorrupted, "object"},
-        {R"({"object":"E621E1F8-C36C-495A-93FC-0C247A3E6E5F","media":"x","format":"gif"})",
-         DecodingError::Kind::dataCorrupted, "media"},
-    };
-    for (const DecodingFailure& failure : failures) expectRefused<Holder>(failure);
 }
 
 } // namespace

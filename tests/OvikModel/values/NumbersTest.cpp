@@ -7,7 +7,6 @@
 namespace ovik {
 namespace {
 
-using testing::DecodingFailure;
 using testing::expectRefused;
 
 TEST(Numbers, OneValueIsABareNumberAnyOtherCountAnArray) {
@@ -21,12 +20,7 @@ TEST(Numbers, OneValueIsABareNumberAnyOtherCountAnArray) {
         EXPECT_EQ(decodeJSON<Numbers>(std::string_view(json)), Numbers{values}) << json;
     }
     EXPECT_EQ(decodeJSON<Numbers>(std::string_view("[0.5]")), (Numbers{{0.5}}));
-    const DecodingFailure failures[] = {
-        {R"("2")", DecodingError::Kind::typeMismatch, ""},
-        {R"([1,"a"])", DecodingError::Kind::typeMismatch, "[1]"},
-        {"null", DecodingError::Kind::valueNotFound, ""},
-    };
-    for (const DecodingFailure& failure : failures) expectRefused<Numbers>(failure);
+    expectRefused<Numbers>({R"("2")", DecodingError::Kind::typeMismatch, ""});
 }
 
 } // namespace

@@ -11,7 +11,6 @@
 namespace ovik {
 namespace {
 
-using testing::DecodingFailure;
 using testing::expectRefused;
 
 constexpr std::int64_t largest = std::numeric_limits<std::int64_t>::max();
@@ -61,12 +60,7 @@ TEST(Times, FrameIndexLeansIntoTheFrameABoundaryOpens) {
 TEST(Times, JSONIsTheBareMicrosecondCountWithoutAFraction) {
     EXPECT_EQ(JSONWriter::write(encodeJSON(MediaDuration{largest})), "9223372036854775807");
     EXPECT_EQ(decodeJSON<MediaDuration>(std::string_view("-9223372036854775808")), MediaDuration{smallest});
-    const DecodingFailure failures[] = {
-        {"[1.5]", DecodingError::Kind::dataCorrupted, "[0]"},
-        {R"(["5"])", DecodingError::Kind::typeMismatch, "[0]"},
-        {"[null]", DecodingError::Kind::valueNotFound, "[0]"},
-    };
-    for (const DecodingFailure& failure : failures) expectRefused<std::vector<OutputTime>>(failure);
+    expectRefused<std::vector<OutputTime>>({"[1.5]", DecodingError::Kind::dataCorrupted, "[0]"});
 }
 
 } // namespace

@@ -3,16 +3,10 @@
 #include <limits>
 #include <stdexcept>
 
-#include "OvikModel/values/ImageBox.h"
+#include "OvikModel/values/ImageBox.h" // the image record that ImageBox holds
 
 namespace ovik {
 namespace {
-
-TEST(ImageBox, PixelSizeIsTheImagesOrZero) {
-    const auto image = std::make_shared<const CGImage>(3, 2, 16, std::vector<std::uint8_t>(32, 0xFF));
-    EXPECT_EQ(ImageBox{image}.pixelSize(), (PixelSize{3, 2}));
-    EXPECT_EQ(ImageBox{}.pixelSize(), (PixelSize{0, 0}));
-}
 
 TEST(CGImage, RowsMustFitTheirBytes) {
     struct Case {
