@@ -105,11 +105,7 @@ TEST(Style, EffectiveTurnsDisabledSectionsBackToOriginal) {
 }
 
 TEST(Style, IsChangedLooksAtOneSectionOnly) {
-    struct Case {
-        void (*change)(Style&);
-        StyleSection section;
-    };
-    const Case cases[] = {
+    const std::pair<void (*)(Style&), StyleSection> cases[] = {
         {[](Style& s) { s.background = Background{{}, Background::wallpaper{}}; }, StyleSection::background},
         {[](Style& s) { s.backgroundBlur = 3; }, StyleSection::background},
         {[](Style& s) { s.padding = 1; }, StyleSection::padding},
@@ -118,13 +114,13 @@ TEST(Style, IsChangedLooksAtOneSectionOnly) {
         {[](Style& s) { s.look = EffectStack{{Effect{EffectPrimitive::grain, {}}}}; }, StyleSection::look},
         {[](Style& s) { s.lookScope = LookScope::background; }, StyleSection::look},
     };
-    for (const Case& c : cases) {
+    for (const auto& [change, changed] : cases) {
         Style style;
-        c.change(style);
-        style.disabled = {c.section}; // switching a section off doesn't make it the original
+        change(style);
+        style.disabled = {changed}; // switching a section off doesn't make it the original
         for (StyleSection section : {StyleSection::background, StyleSection::padding, StyleSection::cornerRadius,
                                      StyleSection::shadow, StyleSection::look})
-            EXPECT_EQ(style.isChanged(section), section == c.section) << caseName(section);
+            EXPECT_EQ(style.isChanged(section), section == changed) << caseName(section);
     }
     Style other;
     other.aspect = AspectRatio::makeRatio(1, 1);

@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include "OvikModel/ModelSamples.h"
+#include "OvikModel/objects/AnnotationDefaults.h"
+#include "OvikModel/style/DraftTheme.h"
 #include "OvikModel/style/Theme.h"
 #include "OvikModel/values/DecodingFailure.h"
 
@@ -97,6 +100,133 @@ TEST(TokenRefs, EachSlotIsItsOwnKeyAndKind) {
         EXPECT_EQ(tokenKind(slot), kind) << caseName(slot);
     }
     expectRefused<TokenRefs>({R"({"fill":3})", DecodingError::Kind::typeMismatch, "fill"});
+}
+
+const AnnotationDefaults defaults = AnnotationDefaults::standard();
+const RGBA accent{0.03922, 0.51765, 1, 1};
+
+const auto id = testing::objectID;
+
+ObjectNode leaf(int n, Annotation annotation, std::optional<TokenRefs> refs = std::nullopt) {
+    ObjectNode node = testing::leaf("n" + std::to_string(n), n, std::move(annotation));
+    node.tokens = refs;
+    return node;
+}
+
+TokenRefs follows(TokenSlot slot, std::string name) {
+    TokenRefs refs;
+    refs[slot] = std::move(name);
+    return refs;
+}
+
+/// A neutral theme; a text (1) and an arrow (2) in a group (3), a rectangle (4) at the top.
+Draft sample() {
+    Draft draft;
+    draft.theme = Theme::neutral();
+    const ObjectNode group =
+        testing::group("g", 3, {leaf(1, defaults.text({0, 0}, "a")), leaf(2, defaults.arrow({0, 0}, {9, 9}))});
+    draft.objects = CowList<ObjectNode>({group, leaf(4, defaults.rectangle({{0, 0}, {9, 9}}))});
+    return draft;
+}
+
+const TextAnnotation& textOf(const Draft& draft) {
+    return node(draft.objects.items(), id(1))->annotation()->as<Annotation::text>().value;
+}
+
+TEST(DraftTheme, BindingAGroupFollowsWithItsLeavesAndWritesTheValue) {
+    const Draft draft = bindToken(bindToken(sample(), TokenSlot::color, "强调", {id(3)}), TokenSlot::size, "标题", {id(1)});
+    EXPECT_EQ(textOf(draft).color, accent);
+    EXPECT_EQ(textOf(draft).fontSize, 31);
+    EXPECT_EQ(node(draft.objects.items(), id(2))->annotation()->as<Annotation::arrow>().value.stroke.color, accent);
+    EXPECT_FALSE(node(draft.objects.items(), id(3))->tokens.has_value()); // the group holds no annotation
+    EXPECT_FALSE(tokens(draft, id(4)).has_value());
+    EXPECT_EQ(commonToken(draft, {id(3)}, TokenSlot::color), "强调");
+    EXPECT_EQ(commonToken(draft, {id(3)}, TokenSlot::size), std::nullopt); // only the text follows a size
+    EXPECT_EQ(commonToken(draft, {id(3), id(4)}, TokenSlot::color), std::nullopt);
+    EXPECT_EQ(commonToken(draft, {}, TokenSlot::color), std::nullopt);
+    EXPECT_EQ(tokenFollowers(draft), (TokenFollowers{{{TokenKind::color, "强调"}, 2}, {{TokenKind::size, "标题"}, 1}}));
+
+    // Letting go keeps the value; an unknown name is not kept at all.
+    const Draft detached = detachTokens(draft, TokenSlot::color, {id(1), id(2)});
+    EXPECT_EQ(textOf(detached).color, accent);
+    EXPECT_EQ(tokens(detached, id(1)), follows(TokenSlot::size, "标题"));
+    EXPECT_FALSE(usesTokens(bindToken(sample(), TokenSlot::color, "紫", {id(4)})));
+}
+
+TEST(DraftTheme, ASlotTheKindLacksIsPassedOver) {
+    Draft draft = sample();
+    draft.objects = CowList<ObjectNode>({leaf(2, defaults.arrow({0, 0}, {9, 9}), follows(TokenSlot::fill, "强调"))});
+    const Draft applied = applyTheme(draft);
+    EXPECT_EQ(applied.objects, draft.objects);
+    EXPECT_TRUE(usesTokens(applied));
+}
+
+TEST(DraftTheme, RemovingATokenLeavesFollowersWithItsValue) {
+    Draft draft = bindToken(sample(), TokenSlot::color, "强调", {id(1)});
+    draft = *bindStyleToken(draft, TokenSlot::background, "强调");
+    EXPECT_EQ(draft.style.background, Background::makeSolid(accent));
+    draft = removeToken(draft, TokenKind::color, "强调");
+    EXPECT_EQ(textOf(draft).color, accent);
+    EXPECT_EQ(draft.style.background, Background::makeSolid(accent));
+    EXPECT_FALSE(usesTokens(draft));
+    EXPECT_FALSE(draft.theme->style.has_value());
+    EXPECT_EQ(draft.theme->names(TokenKind::color), (std::vector<std::string>{"正文色", "次要色", "底色"}));
+}
+
+TEST(DraftTheme, SetTokenTrimsUpsertsAndUpdatesFollowers) {
+    Draft draft = bindToken(sample(), TokenSlot::color, "强调", {id(1)});
+    draft = *setToken(draft, TokenKind::color, " 强调\u3000", TokenValue::makeColor({1, 0, 0, 1}));
+    EXPECT_EQ(textOf(draft).color, (RGBA{1, 0, 0, 1}));
+    EXPECT_EQ(draft.theme->colors.size(), 4u);
+
+    draft = *setToken(draft, TokenKind::spacing, "gap", TokenValue::makeNumber(24));
+    draft = *bindStyleToken(draft, TokenSlot::padding, "gap");
+    draft = *setToken(draft, TokenKind::radius, "r", TokenValue::makeNumber(9));
+    draft = *bindStyleToken(draft, TokenSlot::cornerRadius, "r");
+    EXPECT_EQ(draft.style.padding, 24);
+    EXPECT_EQ(draft.style.cornerRadius, 9);
+
+    EXPECT_FALSE(setToken(draft, TokenKind::size, " \t\u3000", TokenValue::makeNumber(3)));
+    EXPECT_FALSE(setToken(draft, TokenKind::size, "x", TokenValue::makeColor({})));
+    const Draft fresh = *setToken(Draft{}, TokenKind::size, "s", TokenValue::makeNumber(3));
+    Theme made;
+    made.sizes = {{"s", 3}};
+    EXPECT_EQ(fresh.theme, made);
+}
+
+TEST(DraftTheme, RenameFollowsOnlyTheTokensKind) {
+    Draft draft = bindToken(sample(), TokenSlot::font, "正文", {id(1)});
+    draft = bindToken(draft, TokenSlot::size, "正文", {id(1)});
+    const Draft renamed = *renameToken(draft, TokenKind::size, "正文", " body ");
+    TokenRefs expected = follows(TokenSlot::font, "正文");
+    expected.size = "body";
+    EXPECT_EQ(tokens(renamed, id(1)), expected);
+    EXPECT_EQ(renamed.theme->names(TokenKind::size)[1], "body");
+    EXPECT_FALSE(renameToken(draft, TokenKind::size, "正文", "标题"));
+    EXPECT_FALSE(renameToken(draft, TokenKind::size, "missing", "x"));
+    EXPECT_FALSE(renameToken(draft, TokenKind::size, "正文", "  "));
+    EXPECT_FALSE(renameToken(Draft{}, TokenKind::size, "正文", "x"));
+}
+
+TEST(DraftTheme, StyleBindingIsRefusedOutsideItsSlotsAndNames) {
+    const Draft draft = sample();
+    EXPECT_FALSE(bindStyleToken(draft, TokenSlot::color, "强调"));
+    EXPECT_FALSE(bindStyleToken(draft, TokenSlot::background, "标题"));
+    EXPECT_FALSE(bindStyleToken(Draft{}, TokenSlot::padding, std::nullopt));
+    const Draft bound = *bindStyleToken(draft, TokenSlot::background, "底色");
+    EXPECT_EQ(bound.theme->style, follows(TokenSlot::background, "底色"));
+    EXPECT_EQ(detachStyleToken(bound, TokenSlot::background).theme, draft.theme);
+}
+
+TEST(DraftTheme, RemovingTheThemeDropsEveryReferenceAndKeepsValues) {
+    Draft draft = bindToken(sample(), TokenSlot::color, "强调", {id(1)});
+    draft = *bindStyleToken(draft, TokenSlot::background, "强调");
+    EXPECT_EQ(setTheme(draft, draft.theme), draft);
+    const Draft plain = setTheme(draft, std::nullopt);
+    EXPECT_FALSE(plain.theme.has_value());
+    EXPECT_FALSE(usesTokens(plain));
+    EXPECT_EQ(textOf(plain).color, accent);
+    EXPECT_EQ(plain.style.background, Background::makeSolid(accent));
 }
 
 } // namespace

@@ -9,13 +9,9 @@ namespace ovik {
 namespace {
 
 TEST(CGImage, RowsMustFitTheirBytes) {
-    struct Case {
-        std::int64_t width, height, bytesPerRow;
-        std::size_t byteCount;
-        bool fits;
-    };
     constexpr std::int64_t huge = std::numeric_limits<std::int64_t>::max();
-    const Case cases[] = {
+    // Width, height, bytes per row, bytes, and whether they fit.
+    const std::tuple<std::int64_t, std::int64_t, std::int64_t, std::size_t, bool> cases[] = {
         {3, 2, 12, 24, true},
         {3, 2, 16, 32, true}, // padded rows
         {2, 0, 8, 0, true},
@@ -26,12 +22,12 @@ TEST(CGImage, RowsMustFitTheirBytes) {
         {1, huge, 4, 4, false},       // would overflow a multiplication
         {huge, 1, huge, 4, false},
     };
-    for (const Case& c : cases) {
-        const auto make = [&] { return CGImage(c.width, c.height, c.bytesPerRow, std::vector<std::uint8_t>(c.byteCount)); };
-        if (c.fits)
-            EXPECT_NO_THROW((void)make()) << c.width << "x" << c.height;
+    for (const auto& [width, height, bytesPerRow, byteCount, fits] : cases) {
+        const auto make = [&] { return CGImage(width, height, bytesPerRow, std::vector<std::uint8_t>(byteCount)); };
+        if (fits)
+            EXPECT_NO_THROW((void)make()) << width << "x" << height;
         else
-            EXPECT_THROW((void)make(), std::invalid_argument) << c.width << "x" << c.height;
+            EXPECT_THROW((void)make(), std::invalid_argument) << width << "x" << height;
     }
 }
 

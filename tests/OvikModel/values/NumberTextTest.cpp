@@ -3,7 +3,10 @@
 #include <cmath>
 #include <tuple>
 
+#include "DecodingFailure.h"
 #include "OvikModel/values/NumberText.h"
+#include "OvikModel/values/Numbers.h"
+#include "OvikPlatform/json/JSONWriter.h"
 
 namespace ovik {
 namespace {
@@ -52,6 +55,22 @@ TEST(NumberText, SubstituteKeepsTheLookOfTheFirstNumber) {
         {NAN, "x 5", "x 0"},
     };
     for (const auto& [value, text, result] : cases) EXPECT_EQ(NumberText::substitute(value, text), result) << text;
+}
+
+using testing::expectRefused;
+
+TEST(Numbers, OneValueIsABareNumberAnyOtherCountAnArray) {
+    const std::pair<std::vector<double>, const char*> cases[] = {
+        {{2.5}, "2.5"},
+        {{}, "[]"},
+        {{1, 2.5}, "[1,2.5]"},
+    };
+    for (const auto& [values, json] : cases) {
+        EXPECT_EQ(JSONWriter::write(encodeJSON(Numbers{values})), json);
+        EXPECT_EQ(decodeJSON<Numbers>(std::string_view(json)), Numbers{values}) << json;
+    }
+    EXPECT_EQ(decodeJSON<Numbers>(std::string_view("[0.5]")), (Numbers{{0.5}}));
+    expectRefused<Numbers>({R"("2")", DecodingError::Kind::typeMismatch, ""});
 }
 
 } // namespace
