@@ -180,25 +180,5 @@ TEST(ActionSortKey, AnAuthorTagDoesNotCount) {
     EXPECT_EQ(tagged.sortKey(), base().sortKey());
 }
 
-TEST(ActionSortKey, ModesAndPathsEnterTheKey) {
-    BezierPath path;
-    path.anchors = {PathAnchor{CGPoint{1, 2}, std::nullopt, CGPoint{3, 4}, false}};
-    BezierPath moved = path;
-    moved.anchors[0].handleOut = CGPoint{3, 5};
-    const ActionValue amount = ActionValue::makeNumber(1);
-    // Pairs that differ only past the first numbers of the key.
-    const std::pair<ActionMode, ActionMode> pairs[] = {
-        {ActionMode{{}, ActionMode::alongPath{path}}, ActionMode{{}, ActionMode::alongPath{moved}}},
-        {ActionMode{{}, ActionMode::oscillate{amount, 3, 0.5}}, ActionMode{{}, ActionMode::oscillate{amount, 3, 0.6}}},
-        {ActionMode{{}, ActionMode::noise{amount, 3, 9, 1}}, ActionMode{{}, ActionMode::noise{amount, 3, 10, 0}}},
-    };
-    for (const auto& [earlier, later] : pairs) {
-        Action a = base(), b = base();
-        a.mode = earlier;
-        b.mode = later;
-        EXPECT_LT(a.sortKey(), b.sortKey());
-    }
-}
-
 } // namespace
 } // namespace ovik

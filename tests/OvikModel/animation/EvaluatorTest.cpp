@@ -70,26 +70,6 @@ TEST(ActionEvaluator, NumbersAtAMoment) {
         EXPECT_NEAR(evaluate(actions, clockAt(now, 0, end))[key], value, 1e-6) << what;
 }
 
-// Ordering decides most pairs by the first numbers of their keys; it must agree with the
-// whole keys everywhere, ties included.
-TEST(ActionEvaluator, OrderingAgreesWithWholeSortKeys) {
-    std::vector<Action> pool;
-    for (const PropertyKey key : {PropertyKey::opacity(), PropertyKey::rotation(), PropertyKey::color()})
-        for (const ActionRange& range : {opening(0, 1), opening(0.5, 1), whole(), between(1, 2), closing(0, 1)})
-            for (const double to : {0.0, 1.0}) pool.push_back(action(key, toNumber(to), range));
-    pool.push_back(action(PropertyKey::opacity(), toNumber(1), whole(), ActionCurve{})); // differs past the prefix
-    std::mt19937 random(11);
-    for (int round = 0; round < 20; ++round) {
-        std::shuffle(pool.begin(), pool.end(), random);
-        std::vector<const Action*> pointers;
-        for (const Action& each : pool) pointers.push_back(&each);
-        std::vector<const Action*> expected = pointers;
-        std::stable_sort(expected.begin(), expected.end(),
-                         [](const Action* a, const Action* b) { return a->sortKey() < b->sortKey(); });
-        EXPECT_EQ(ActionEvaluator::ordered(pointers), expected);
-    }
-}
-
 TEST(ActionEvaluator, PhasesOfEachRange) {
     // range, now, kind, progress
     const std::tuple<ActionRange, double, Kind, double> cases[] = {

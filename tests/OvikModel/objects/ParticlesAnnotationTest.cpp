@@ -55,20 +55,10 @@ TEST(ParticlesAnnotation, EveryFieldSurvivesItsJSON) {
     EXPECT_EQ(particles.blend, ParticleBlend::lighten);
 }
 
-TEST(ParticlesAnnotation, ReadingFailsWithoutARequiredKeyOrWithAnUnknownSource) {
-    for (const char* key : {"source", "rate", "life", "speed", "sizeStart", "sizeEnd", "colors", "seed"}) {
-        JSONValue json = encodeJSON(standard());
-        json.object()->erase(key);
-        EXPECT_THROW(decodeJSON<ParticlesAnnotation>(json), DecodingError) << key;
-    }
+TEST(ParticlesAnnotation, ReadingFailsWithAnUnknownSource) {
     JSONValue json = encodeJSON(standard());
     json.object()->insert_or_assign("source", JSONValue::parse(R"({"spiral":[0,0]})"));
-    try {
-        decodeJSON<ParticlesAnnotation>(json);
-        ADD_FAILURE() << "an unknown source was read";
-    } catch (const DecodingError& error) {
-        EXPECT_NE(std::string(error.what()).find("Unknown case spiral"), std::string::npos) << error.what();
-    }
+    EXPECT_THROW(decodeJSON<ParticlesAnnotation>(json), DecodingError);
 }
 
 TEST(ParticlesAnnotation, ReadingClampsDepthAndLetterDelay) {

@@ -56,8 +56,9 @@ TEST(DraftProperties, EveryWritableRowRoundTrips) {
         const JSONValue other = otherValue(spec, *current);
         EXPECT_TRUE(setProperty(draft, other, path)) << text;
         EXPECT_TRUE(propertyValue(draft, path)->same(other)) << text << " " << other.compact();
-        // The same value again names no step.
+        // The same value again names no step, and what was written survives the objects' JSON.
         EXPECT_FALSE(setProperty(draft, other, path)) << text;
+        EXPECT_TRUE(propertyValue(reread(draft), path)->same(other)) << text;
         ++written;
     }
     EXPECT_GE(written, 45);
@@ -168,18 +169,17 @@ TEST(DraftProperties, PathsFindTheirTargets) {
     EXPECT_EQ(byName, PropertyPath::parse(box + ".hidden", draft));
     EXPECT_EQ(byName.description(), box + ".hidden");
     EXPECT_EQ(PropertyPath::parse("style.padding", draft).description(), "style.padding");
-    const auto kindOf = [&](const std::string& text) {
+    using K = PropertyError::Kind;
+    for (const auto& [text, kind] : {std::pair{std::string("Crate.hidden"), K::notFound},
+                                     {numbered(9).uuidString() + ".hidden", K::notFound},
+                                     {std::string("Box.nonsense"), K::invalid}, {std::string("padding"), K::invalid}}) {
         try {
             PropertyPath::parse(text, draft);
+            ADD_FAILURE() << text;
         } catch (const PropertyError& error) {
-            return int(error.kind());
+            EXPECT_EQ(error.kind(), kind) << text;
         }
-        return -1;
-    };
-    EXPECT_EQ(kindOf("Crate.hidden"), int(PropertyError::Kind::notFound));
-    EXPECT_EQ(kindOf(numbered(9).uuidString() + ".hidden"), int(PropertyError::Kind::notFound));
-    EXPECT_EQ(kindOf("Box.nonsense"), int(PropertyError::Kind::invalid));
-    EXPECT_EQ(kindOf("padding"), int(PropertyError::Kind::invalid));
+    }
 }
 
 TEST(PropertyTable, RestsAndRanks) {

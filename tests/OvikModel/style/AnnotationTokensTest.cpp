@@ -11,24 +11,6 @@ namespace {
 
 using enum AnnotationKind;
 
-constexpr AnnotationKind allKinds[] = {rectangle, ellipse, arrow,     line,   pen,         text,      counter,  redact,
-                                       spotlight, magnifier, sticker, path,   followPoint, particles, solid,    generator};
-
-TEST(AnnotationTokens, SlotsAreTheFieldsAKindStores) {
-    const std::pair<TokenSlot, std::set<AnnotationKind>> table[] = {
-        {TokenSlot::color, {rectangle, ellipse, arrow, line, pen, text, counter, redact, magnifier, path}},
-        {TokenSlot::fill, {rectangle, ellipse, path}},
-        {TokenSlot::background, {text}},
-        {TokenSlot::font, {text}},
-        {TokenSlot::size, {text}},
-        {TokenSlot::cornerRadius, {}},
-        {TokenSlot::padding, {}},
-    };
-    for (const auto& [slot, kinds] : table)
-        for (AnnotationKind kind : allKinds)
-            EXPECT_EQ(has(slot, kind), kinds.contains(kind)) << caseName(slot) << " " << caseName(kind);
-}
-
 TEST(AnnotationTokens, WritesATextsFieldsAndKeepsItsSizeInBounds) {
     const RGBA blue{0, 0, 1, 1};
     const FontRole role{TextFont{"Inter-Bold", "Inter", "Bold", std::nullopt}, FontWeight::bold};

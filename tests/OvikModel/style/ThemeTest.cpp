@@ -84,24 +84,6 @@ TEST(Theme, RenameNeedsAFreeNameAndRemoveAnExistingOne) {
     EXPECT_EQ(theme.sizes.size(), 4u);
 }
 
-TEST(TokenRefs, EachSlotIsItsOwnKeyAndKind) {
-    const std::pair<TokenSlot, TokenKind> kinds[] = {
-        {TokenSlot::color, TokenKind::color}, {TokenSlot::fill, TokenKind::color},
-        {TokenSlot::background, TokenKind::color}, {TokenSlot::font, TokenKind::font},
-        {TokenSlot::size, TokenKind::size}, {TokenSlot::cornerRadius, TokenKind::radius},
-        {TokenSlot::padding, TokenKind::spacing},
-    };
-    for (const auto& [slot, kind] : kinds) {
-        TokenRefs refs;
-        EXPECT_TRUE(refs.isEmpty());
-        refs[slot] = "t";
-        EXPECT_FALSE(refs.isEmpty());
-        EXPECT_EQ(encodeJSON(refs).compact(), "{\"" + std::string(caseName(slot)) + "\":\"t\"}");
-        EXPECT_EQ(tokenKind(slot), kind) << caseName(slot);
-    }
-    expectRefused<TokenRefs>({R"({"fill":3})", DecodingError::Kind::typeMismatch, "fill"});
-}
-
 const AnnotationDefaults defaults = AnnotationDefaults::standard();
 const RGBA accent{0.03922, 0.51765, 1, 1};
 
