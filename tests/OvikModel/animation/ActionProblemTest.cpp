@@ -154,8 +154,7 @@ TEST_F(ActionProblemTest, AboutPoints) {
         {PropertyKey::scale(), CGPoint{0, infinity}, 2, true, finite},
         {PropertyKey::opacity(), CGPoint{1, 2}, 2, false, ""},
         {PropertyKey::opacity(), CGPoint{1, 2}, 2, true, scaleOnly},
-        {PropertyKey::scale(), CGPoint{1, 2}, 0, true, positive},
-        {PropertyKey::scale(), CGPoint{1, 2}, 2, true, ""},
+        {PropertyKey::scale(), CGPoint{1, 2}, 0, true, positive}, {PropertyKey::scale(), CGPoint{1, 2}, 2, true, ""},
     };
     for (const auto& [property, about, value, onLens, expected] : cases) {
         Action action = act(property, to(number(value)));

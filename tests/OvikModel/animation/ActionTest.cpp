@@ -101,14 +101,11 @@ TEST(ActionList, BeyondBasicsSplitsByRange) {
     // name, action, earlier, later
     const std::tuple<const char*, Action, bool, bool> cases[] = {
         {"opening", over(ActionRange::opening{us(0), us(10)}), true, false},
-        {"closing", over(ActionRange::closing{us(0), us(10)}), false, true},
-        {"whole", whole(), true, true},
+        {"closing", over(ActionRange::closing{us(0), us(10)}), false, true}, {"whole", whole(), true, true},
         {"between before", between(0, 100), true, false},
         {"between ending at the split", between(0, 500), true, false},
-        {"between across", between(0, 501), true, true},
-        {"between from the split", between(500, 900), false, true},
-        {"between after", between(600, 900), false, true},
-        {"reversed after", between(600, 100), false, true},
+        {"between across", between(0, 501), true, true}, {"between from the split", between(500, 900), false, true},
+        {"between after", between(600, 900), false, true}, {"reversed after", between(600, 100), false, true},
     };
     for (const auto& [name, action, earlier, later] : cases) {
         const SplitActions halves = beyondBasics({action}, SourceTime{500});

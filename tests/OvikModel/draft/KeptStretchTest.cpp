@@ -63,8 +63,7 @@ TEST(KeptStretch, JoinedMergesOnlySeamsThatResume) {
 TEST(KeptStretch, AFreezeGoesBeforeTheFirstStretchAfterItsFrame) {
     // Where a freeze goes in, and the starts of the stretches after it.
     const std::tuple<std::int64_t, std::vector<SourceTime>> cases[] = {
-        {0, {SourceTime{0}, SourceTime{0}, SourceTime{10}}},
-        {10, {SourceTime{0}, SourceTime{10}, SourceTime{10}}},
+        {0, {SourceTime{0}, SourceTime{0}, SourceTime{10}}}, {10, {SourceTime{0}, SourceTime{10}, SourceTime{10}}},
         {5, {SourceTime{0}, SourceTime{5}, SourceTime{5}, SourceTime{10}}},
         {30, {SourceTime{0}, SourceTime{10}, SourceTime{30}}},
     };

@@ -39,15 +39,10 @@ TEST(ProgramParam, AcceptingFitsNumbersToTheirBoundsAndKeepsKinds) {
     const auto number = ProgramValue::makeNumber;
     // The bounds of a parameter, a value offered, and what it accepts.
     const std::tuple<std::optional<double>, std::optional<double>, ProgramValue, std::optional<ProgramValue>> cases[] = {
-        {0, 1, number(0.5), number(0.5)},
-        {0, 1, number(3), number(1)},
-        {0, 1, number(-3), number(0)},
-        {0.5, std::nullopt, number(0.1), number(0.5)},
-        {std::nullopt, std::nullopt, number(-1e9), number(-1e9)},
-        {0, 1, number(std::nan("")), std::nullopt},
-        {std::nullopt, std::nullopt, number(INFINITY), std::nullopt},
-        {0, 1, ProgramValue::makeText("0.5"), std::nullopt},
-        {0, 1, ProgramValue::makeFlag(true), std::nullopt},
+        {0, 1, number(0.5), number(0.5)}, {0, 1, number(3), number(1)}, {0, 1, number(-3), number(0)},
+        {0.5, std::nullopt, number(0.1), number(0.5)}, {std::nullopt, std::nullopt, number(-1e9), number(-1e9)},
+        {0, 1, number(std::nan("")), std::nullopt}, {std::nullopt, std::nullopt, number(INFINITY), std::nullopt},
+        {0, 1, ProgramValue::makeText("0.5"), std::nullopt}, {0, 1, ProgramValue::makeFlag(true), std::nullopt},
     };
     for (const auto& [low, high, offered, expected] : cases)
         EXPECT_EQ((ProgramParam{"amount", number(0), low, high}.accepting(offered)), expected);

@@ -29,13 +29,9 @@ std::string compact(const std::optional<JSONValue>& value) { return value ? valu
 TEST(EffectPaths, UnsetParametersReadAsTheDefaultsOfTheirPlace) {
     const Draft draft = effectsDraft();
     const std::pair<std::string, const char*> cases[] = {
-        {"Box.effects[0].opacity", "0.5"},
-        {"Box.effects[0].color", R"("#000000")"},
-        {"Box.effects[1].radius", "2"},
-        {(mediaText + ".effects[0].radius"), "12"},
-        {(mediaText + ".effects[0].place"), R"("behind")"},
-        {(sectionText + ".look.effects[0].size"), "1"},
-        {"look.effects[0].amount", "0.3"},
+        {"Box.effects[0].opacity", "0.5"}, {"Box.effects[0].color", R"("#000000")"}, {"Box.effects[1].radius", "2"},
+        {(mediaText + ".effects[0].radius"), "12"}, {(mediaText + ".effects[0].place"), R"("behind")"},
+        {(sectionText + ".look.effects[0].size"), "1"}, {"look.effects[0].amount", "0.3"},
     };
     for (const auto& [path, expected] : cases)
         EXPECT_EQ(compact(get(draft, path)), expected) << path;

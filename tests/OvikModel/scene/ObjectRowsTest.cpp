@@ -92,21 +92,14 @@ TEST(ObjectRows, RefusalsNameTheProblemAndChangeNothing) {
     const L10n::LanguageOverride english("en");
     // path, value, message
     const std::tuple<const char*, const char*, const char*> cases[] = {
-        {"Rect.heads", "\"end\"", "it is only for Arrow, Line."},
-        {"Rect.fillColor", "\"red\"", "#RRGGBB, or none"},
-        {"Rect.speed", "20", ""},
-        {"Rect.loop", "0", "between 1 and 1000"},
-        {"Rect.loop", "\"often\"", "a count or \"forever\""},
-        {"Rect.loop", "2.5", "a count or \"forever\""},
-        {"Rect.offset", "-1", "start can't be negative"},
-        {"Rect.freeze", "-1", "freeze time can't be negative"},
+        {"Rect.heads", "\"end\"", "it is only for Arrow, Line."}, {"Rect.fillColor", "\"red\"", "#RRGGBB, or none"},
+        {"Rect.speed", "20", ""}, {"Rect.loop", "0", "between 1 and 1000"},
+        {"Rect.loop", "\"often\"", "a count or \"forever\""}, {"Rect.loop", "2.5", "a count or \"forever\""},
+        {"Rect.offset", "-1", "start can't be negative"}, {"Rect.freeze", "-1", "freeze time can't be negative"},
         {"Rect.timeCurve", "[[1, 0], [0, 1]]", "earliest to latest"},
         {"Rect.timeCurve", "[]", "at least one keyframe"},
-        {"Rect.timeCurve", "[[0, 0], [1]]", "[[x, y], …], or none"},
-        {"Rect.pivot", "[1]", "[x, y], or none"},
-        {"Text.weight", "\"heavy\"", ""},
-        {"Text.weight", "1200", ""},
-        {"Rect.sideMaterial", "[1]", "material JSON"},
+        {"Rect.timeCurve", "[[0, 0], [1]]", "[[x, y], …], or none"}, {"Rect.pivot", "[1]", "[x, y], or none"},
+        {"Text.weight", "\"heavy\"", ""}, {"Text.weight", "1200", ""}, {"Rect.sideMaterial", "[1]", "material JSON"},
     };
     for (const auto& [path, value, message] : cases) expectRefused(kindsDraft(), path, json(value), message);
 }

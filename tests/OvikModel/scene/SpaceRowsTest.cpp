@@ -222,11 +222,8 @@ TEST(SpaceRows, EveryRowsPathReadsBackAsItsText) {
     }
     // Written text, and the text of the path it names.
     const std::pair<const char*, const char*> cases[] = {
-        {"camera.fov", "fov"},
-        {"renderer.toneMapping", "toneMapping"},
-        {"camera.near", "near"},
-        {"lights.2.shadow.bias", "lights.2.shadow.bias"},
-        {"lights.2.light.color", "lights.2.color"},
+        {"camera.fov", "fov"}, {"renderer.toneMapping", "toneMapping"}, {"camera.near", "near"},
+        {"lights.2.shadow.bias", "lights.2.shadow.bias"}, {"lights.2.light.color", "lights.2.color"},
         {"objects.0.object.visible", "objects.0.visible"},
         {"objects.0.material.visible", "objects.0.material.visible"},
     };

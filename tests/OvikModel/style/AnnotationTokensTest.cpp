@@ -58,13 +58,9 @@ TEST(AnnotationTokens, ShapesTakeOutlineAndFillButGrowNoOutline) {
 TEST(StyleOption, SharedIsWhatEveryKindHas) {
     using enum StyleOption;
     const std::pair<std::vector<AnnotationKind>, std::set<StyleOption>> cases[] = {
-        {{rectangle}, {pattern, fill, corner, shadow, halo}},
-        {{arrow, line}, {pattern, body, heads, shadow, halo}},
-        {{rectangle, arrow, pen}, {pattern, shadow, halo}},
-        {{ellipse, path}, {pattern, fill, shadow, halo}},
-        {{magnifier, pen}, {shadow}},
-        {{rectangle, text}, {}},
-        {{}, {}},
+        {{rectangle}, {pattern, fill, corner, shadow, halo}}, {{arrow, line}, {pattern, body, heads, shadow, halo}},
+        {{rectangle, arrow, pen}, {pattern, shadow, halo}}, {{ellipse, path}, {pattern, fill, shadow, halo}},
+        {{magnifier, pen}, {shadow}}, {{rectangle, text}, {}}, {{}, {}},
     };
     for (const auto& [kinds, options] : cases) EXPECT_EQ(shared(kinds), options) << kinds.size();
 }

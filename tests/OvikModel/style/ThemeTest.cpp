@@ -62,10 +62,8 @@ TEST(Theme, UpsertReplacesInPlaceAppendsAndRefusesTheWrongKind) {
 
     const Theme before = theme;
     const std::pair<TokenKind, TokenValue> misfits[] = {
-        {TokenKind::color, TokenValue::makeNumber(1)},
-        {TokenKind::font, TokenValue::makeColor({})},
-        {TokenKind::size, TokenValue::makeFont({})},
-        {TokenKind::radius, TokenValue::makeColor({})},
+        {TokenKind::color, TokenValue::makeNumber(1)}, {TokenKind::font, TokenValue::makeColor({})},
+        {TokenKind::size, TokenValue::makeFont({})}, {TokenKind::radius, TokenValue::makeColor({})},
     };
     for (const auto& [kind, value] : misfits) EXPECT_FALSE(theme.upsert(kind, "x", value)) << caseName(kind);
     EXPECT_EQ(theme, before);

@@ -83,15 +83,10 @@ TEST(Clock, NaturalLengthIsWhatItPlaysOnItsOwn) {
     Clock held = Clock::plain();
     held.hold = true;
     const std::tuple<const char*, Clock, std::optional<double>, double> cases[] = {
-        {"plain", Clock::plain(), 4, 4},
-        {"three passes at double rate from 1", made(2, times(3), 1), 4, 4.5},
-        {"offset past the length", made(1, times(2), 6), 4, 8},
-        {"count 0 plays once", made(1, times(0)), 4, 4},
-        {"no length", Clock::plain(), none, 0},
-        {"forever", made(1, forever), 4, 0},
-        {"hold", held, 4, 0},
-        {"freeze", frozenAt(1), 4, 0},
-        {"curve", curved({{0, 0}, {2.5, 1}}), 10, 2.5},
+        {"plain", Clock::plain(), 4, 4}, {"three passes at double rate from 1", made(2, times(3), 1), 4, 4.5},
+        {"offset past the length", made(1, times(2), 6), 4, 8}, {"count 0 plays once", made(1, times(0)), 4, 4},
+        {"no length", Clock::plain(), none, 0}, {"forever", made(1, forever), 4, 0}, {"hold", held, 4, 0},
+        {"freeze", frozenAt(1), 4, 0}, {"curve", curved({{0, 0}, {2.5, 1}}), 10, 2.5},
     };
     for (const auto& [what, clock, length, natural] : cases) EXPECT_DOUBLE_EQ(clock.natural(length), natural) << what;
 }

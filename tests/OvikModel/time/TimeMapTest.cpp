@@ -27,15 +27,10 @@ TEST(TimeMap, RefusesBrokenStretches) {
     KeptStretch wideFreeze = frozen(10, 5);
     wideFreeze.range.end = SourceTime{20};
     const std::vector<std::vector<KeptStretch>> broken = {
-        {playing(5, 5)},
-        {playing(0, 10, 0)},
-        {playing(0, 10, -1)},
+        {playing(5, 5)}, {playing(0, 10, 0)}, {playing(0, 10, -1)},
         {playing(0, 10, std::numeric_limits<double>::quiet_NaN())},
-        {playing(0, 10, std::numeric_limits<double>::infinity())},
-        {frozen(3, 0)},
-        {wideFreeze},
-        {playing(0, 10), playing(5, 15)},
-        {playing(20, 30), playing(0, 10)},
+        {playing(0, 10, std::numeric_limits<double>::infinity())}, {frozen(3, 0)}, {wideFreeze},
+        {playing(0, 10), playing(5, 15)}, {playing(20, 30), playing(0, 10)},
     };
     for (const auto& stretches : broken) EXPECT_FALSE(TimeMap::make(stretches)) << stretches[0].range.description();
     // A freeze may stand at a join, and no stretches make an empty map.

@@ -61,9 +61,7 @@ using testing::expectRefused;
 
 TEST(Numbers, OneValueIsABareNumberAnyOtherCountAnArray) {
     const std::pair<std::vector<double>, const char*> cases[] = {
-        {{2.5}, "2.5"},
-        {{}, "[]"},
-        {{1, 2.5}, "[1,2.5]"},
+        {{2.5}, "2.5"}, {{}, "[]"}, {{1, 2.5}, "[1,2.5]"},
     };
     for (const auto& [values, json] : cases) {
         EXPECT_EQ(JSONWriter::write(encodeJSON(Numbers{values})), json);
