@@ -258,13 +258,7 @@ TEST(ObjectWalks, PathsOfEveryDepthAreListed) {
     EXPECT_FALSE(containsLeaf(nodes, [](const ObjectNode& node) { return node.id == id(3); }));
 }
 
-ObjectNode named(std::string name, ObjectContent content) {
-    ObjectNode node;
-    node.id = ObjectID::random();
-    node.name = std::move(name);
-    node.content = std::move(content);
-    return node;
-}
+ObjectNode named(std::string name, ObjectContent content) { return testing::node(std::move(name), 0, std::move(content)); }
 
 TEST(ObjectNamer, CountsOnFromTheHighestNumberOfEachKind) {
     L10n::LanguageOverride chinese("zh-Hans");
