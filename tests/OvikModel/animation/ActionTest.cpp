@@ -91,9 +91,9 @@ TEST(ActionRest, FontTags) {
 }
 
 TEST(ActionFactories, HoldingHeldAndBecome) {
-    const Action holding = Action::holding(PropertyKey::text(), ActionValue::makeText("a"));
-    EXPECT_EQ(encodeJSON(holding).compact(),
-              R"({"curve":"linear","mode":{"to":{"from":{"text":"a"},"to":{"text":"a"}}},"property":"text","range":"whole"})");
+    EXPECT_EQ(encodeJSON(Action::holding(PropertyKey::text(), ActionValue::makeText("a"))).compact(),
+              R"({"curve":"linear","mode":{"to":{"from":{"text":"a"},"to":{"text":"a"}}},"property":"text",)"
+              R"("range":"whole"})");
     EXPECT_EQ(encodeJSON(Action::held(PropertyKey::opacity(), 0.5)).compact(),
               R"({"curve":"smooth","mode":{"to":{"from":{"number":0.5},"to":{"number":0.5}}},"property":"opacity",)"
               R"("range":"whole","scope":"whole"})");

@@ -233,6 +233,9 @@ const RenderKey abcKey{"ba7816bf8f01cfea414140de5dae2223"};
 TEST(RenderKey, IsTheFirstHalfOfTheDigestAsText) {
     EXPECT_EQ(RenderKey::digestOf("abc"), abcKey);
     EXPECT_EQ(RenderKey::thumbnailFileName(520), "thumbnail-520.png");
+    // Options fold a watermark in: SHA-256 of "ba7816bf8f01cfea414140de5dae2223|watermark:made-with-ovik-3", cut.
+    EXPECT_EQ(abcKey.adding(RenderOptions::none()), abcKey);
+    EXPECT_EQ(abcKey.adding(RenderOptions{Watermark::madeWithOvik()}).rawValue, "0a2eb76233544236e480a6615f7bc573");
 }
 
 TEST(RenderKey, JSONIsTheBareStringAndRefusesWhatCannotBeAKey) {
@@ -249,12 +252,6 @@ TEST(RenderKey, JSONIsTheBareStringAndRefusesWhatCannotBeAKey) {
         {"16", DecodingError::Kind::typeMismatch, ""},
     };
     for (const DecodingFailure& failure : failures) testing::expectRefused<RenderKey>(failure);
-}
-
-TEST(RenderKey, AddingOptionsFoldsOnlyAWatermarkIn) {
-    EXPECT_EQ(abcKey.adding(RenderOptions::none()), abcKey);
-    // SHA-256 of "ba7816bf8f01cfea414140de5dae2223|watermark:made-with-ovik-3", cut to 16 bytes.
-    EXPECT_EQ(abcKey.adding(RenderOptions{Watermark::madeWithOvik()}).rawValue, "0a2eb76233544236e480a6615f7bc573");
 }
 
 TEST(Watermark, IdNamesTheStandardMarkAndHashesEverythingElse) {

@@ -17,13 +17,8 @@ TEST(SpaceNodePath, ReadsTheLongestNodeAtTheStart) {
         {"objects.0.children", 9, 1},   // a list without its index is not a step
         {"objects.0.childrenx.1", 9, 1},
         {"lights.1.objects.0", 8, 1},  // only children lists go deeper
-        {"objects", 0, 0},
-        {"objects.x", 0, 0},
-        {"objects.-1", 0, 0},
-        {"objects.1x", 0, 0},
-        {"cards.0", 0, 0},
-        {"children.0", 0, 0},
-        {"", 0, 0},
+        {"objects", 0, 0}, {"objects.x", 0, 0}, {"objects.-1", 0, 0}, {"objects.1x", 0, 0},
+        {"cards.0", 0, 0}, {"children.0", 0, 0}, {"", 0, 0},
     };
     for (const auto& [text, taken, steps] : cases) {
         const auto found = SpaceNodePath::leading(text);
