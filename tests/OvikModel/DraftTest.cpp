@@ -27,7 +27,7 @@ constexpr std::string_view recordingMedia =
 Draft read(const std::string& json) { return decodeJSON<Draft>(std::string_view(json)); }
 
 TEST(DraftNames, DateAndTimeInTheGivenZone) {
-    // date, offset, kind, name, month
+    // Date, offset of the time zone, kind, and the names of the draft and of its month folder.
     const std::tuple<Date, std::int64_t, OutputKind, const char*, const char*> cases[] = {
         {Date{march5}, 0, OutputKind::screenshot, "2024-03-05 截图 14.07", "2024-03"},
         {Date{march5}, 9 * 3600 + 1800, OutputKind::recording, "2024-03-05 录屏 23.37", "2024-03"},
@@ -73,7 +73,7 @@ TEST(Draft, ANewAnimationIsOneCanvasStill) {
 TEST(Draft, KindsFollowTheMediaAndTheAnimationFlag) {
     const std::string both = std::string(testing::canvasMedia) + "," + std::string(recordingMedia);
     const std::string animated = R"(,"isAnimation":true)";
-    // json, kind, output, timed
+    // The stored draft, its kind, its output kind, and whether it is timed.
     const std::tuple<std::string, DraftKind, OutputKind, bool> cases[] = {
         {draftJSON(), DraftKind::screenshot, OutputKind::screenshot, false},
         {draftJSON(testing::canvasMedia, testing::stillSection, animated), DraftKind::screenshot,
@@ -109,7 +109,8 @@ TEST(Draft, CaptureAsIsNeedsOneMediaPlacedAsItIsAndNothingShown) {
         {"blended", [](Draft& d) { d.media.mutableItems()[0].blend = BlendMode::screen; }},
         {"padded", [](Draft& d) { d.style.padding = 4; }},
         {"two media", [](Draft& d) { d.media.mutableItems().push_back(d.media[0]); }},
-        {"blur over a picture", [](Draft& d) { d.style.backgroundBlur = 8, d.style.background = {{}, Background::wallpaper{}}; }},
+        {"blur over a picture",
+         [](Draft& d) { d.style.backgroundBlur = 8, d.style.background = {{}, Background::wallpaper{}}; }},
     };
     for (const auto& [name, change] : changes) {
         Draft draft = plain;
@@ -199,7 +200,7 @@ TEST(Draft, BadDraftsAreRefusedWithTextAndPlace) {
                                   R"("area":{"displayID":1,"rect":[[0,0],[1,1]],"scale":1}})";
     const std::string shot = R"({"image":"a.png","pixelSize":{"height":1,"width":1},"scale":1,"colorSpaceName":"s"})";
     const char* noParts = "A draft needs at least one media and one section";
-    // json, kind, path, text
+    // The stored draft, and the kind, place and text of its refusal (any text when null).
     const std::tuple<std::string, Kind, const char*, const char*> cases[] = {
         {draftJSON(media, ""), Kind::dataCorrupted, "", noParts},
         {draftJSON("", still), Kind::dataCorrupted, "", noParts},
@@ -250,7 +251,7 @@ TEST(PackagePath, IsABareStringAndTakesAnyText) {
 }
 
 TEST(DraftDocument, URLAppendsThePathTextToThePackage) {
-    // package, path, expected
+    // Package, path inside it, and the URL.
     const std::tuple<const char*, const char*, const char*> cases[] = {
         {"/drafts/A.ovikwork", "media/screenshot.png", "/drafts/A.ovikwork/media/screenshot.png"},
         {"/drafts/A.ovikwork/", "draft.json", "/drafts/A.ovikwork/draft.json"},

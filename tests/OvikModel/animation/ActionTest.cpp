@@ -142,7 +142,7 @@ TEST(ActionList, EntranceAndExitLengthsTakeTheLongest) {
 }
 
 TEST(ActionList, BeyondBasicsSplitsByRange) {
-    // name, action, earlier, later
+    // What, the action, and whether it goes to the earlier and to the later half.
     const std::tuple<const char*, Action, bool, bool> cases[] = {
         {"opening", over(ActionRange::opening{us(0), us(10)}), true, false},
         {"closing", over(ActionRange::closing{us(0), us(10)}), false, true}, {"whole", whole(), true, true},

@@ -74,7 +74,7 @@ TEST(ActionEvaluator, NumbersAtAMoment) {
 }
 
 TEST(ActionEvaluator, PhasesOfEachRange) {
-    // range, now, kind, progress
+    // Range, moment, and the phase and progress there.
     const std::tuple<ActionRange, double, Kind, double> cases[] = {
         {opening(1, 2), 0.5, Kind::before, 0}, {opening(1, 2), 1.5, Kind::during, 0.25},
         {opening(1, 2), 3, Kind::done, 1},     {closing(1, 2), 6, Kind::before, 0},
@@ -224,7 +224,7 @@ TEST(ActionNoise, SeedsGiveDifferentNoiseAndBadInputGivesZero) {
 
 TEST(ActionBlend, ValuesOfOneKind) {
     using V = ActionValue;
-    // a, b, t, expected
+    // From, to, progress, and the blend.
     const std::tuple<V, V, double, V> cases[] = {
         {V::makeNumber(2), V::makeNumber(4), 0.25, V::makeNumber(2.5)},
         {V::makeVector(0, 10), V::makeVector(10, 0), 0.5, V::makeVector(5, 5)},
@@ -289,7 +289,7 @@ TEST(PathSampling, MeasuresAndFindsPointsAlongThePath) {
 }
 
 TEST(ActionState, PlainAndInDepth) {
-    // key, value, plain, inDepth
+    // A number set on a state at rest, and whether the state is then plain and in depth.
     const std::tuple<PropertyKey, double, bool, bool> cases[] = {
         {PropertyKey::stretchX(), 2, false, false}, {PropertyKey::skew(), 1, false, false},
         {PropertyKey::blur(), -1, true, false},     {PropertyKey::blur(), 1, false, false},
@@ -394,7 +394,7 @@ TEST(ObjectAppearance, CarriesSettingsOnlyWhenSomethingConfigures) {
     arranged[PropertyKey::arrangeAngle()] = 30;
     ActionState shifted = moved;
     shifted.effectShifts[EffectAddress{0, "amount"}] = 0.5;
-    // what, state, held
+    // What, the state, and whether the appearance holds settings.
     const std::tuple<const char*, const ActionState&, bool> cases[] = {
         {"a move only", moved, false}, {"a setting number", arranged, true}, {"an effect shift", shifted, true}};
     for (const auto& [what, state, held] : cases) {

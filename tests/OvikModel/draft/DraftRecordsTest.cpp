@@ -152,11 +152,10 @@ TEST(SectionSpeed, ExcerptKeepsTheRatesAtItsEnds) {
     EXPECT_FALSE(SectionSpeed::make({key(0, 1)}, {}, false).excerpt(MediaDuration{0}, MediaDuration{10}));
 }
 
-using testing::frozen;
-using testing::playing;
+using namespace testing;
 
 TEST(KeptStretch, OutputLengthNeverCollapses) {
-    // stretch, output
+    // A stretch and its output length.
     const std::tuple<KeptStretch, std::int64_t> cases[] = {
         {playing(0, 1, 8), 1},          {playing(0, 10, 3), 3},       {playing(0, 10, 4), 3},  // 2.5 rounds up
         {playing(0, 1000, 0.5), 2000},  {frozen(7, 250), 250},        {playing(5, 5, 2), 0},
@@ -195,7 +194,7 @@ TEST(KeptStretch, JoinedMergesOnlySeamsThatResume) {
     faster.rate = 2;
     KeptStretch apart = playing(15, 20);
     apart.resumes = true;
-    // list, indices, count
+    // Stretches, the seams asked to join, and how many stretches are left.
     const std::tuple<std::vector<KeptStretch>, std::vector<std::size_t>, std::size_t> cases[] = {
         {{playing(0, 10), right}, {1}, 1},  {{playing(0, 10), right}, {}, 2},
         {{playing(0, 10), faster}, {1}, 2}, {{playing(0, 10), apart}, {1}, 2},

@@ -126,7 +126,7 @@ TEST(DraftRenderKey, PayloadHoldsOnlyWhatTheDraftUses) {
     stylingOff.cursor.isStylingOff = true;
     Draft noEvents = recordingDraft();
     noEvents.media.mutableItems()[0].source.as<MediaSource::recording>().value.events.reset();
-    // what, draft, instruments, keys
+    // What, the draft, the instruments asked for, and the keys of the payload.
     const std::tuple<const char*, Draft, std::optional<Instruments>, std::set<std::string>> cases[] = {
         {"canvas, no objects", canvasDraft(), {}, always},
         {"recording with events", recordingDraft(), {}, with({"typing"})},
@@ -257,7 +257,7 @@ TEST(RenderKey, JSONIsTheBareStringAndRefusesWhatCannotBeAKey) {
 TEST(Watermark, IdNamesTheStandardMarkAndHashesEverythingElse) {
     const std::string emptyDigest = "e3b0c44298fc1c149afbf4c8996fb92427ae41e4649b934ca495991b7852b855";
     const std::vector<std::uint8_t> logo = {'L', 'O', 'G', 'O'};
-    // watermark, id
+    // A watermark and its id.
     const std::tuple<Watermark, std::string> cases[] = {
         {Watermark::madeWithOvik(), "made-with-ovik-3"},
         {Watermark{OvikWatermarkStyle::sticker, std::nullopt, std::nullopt}, "watermark-4|sticker|" + emptyDigest},

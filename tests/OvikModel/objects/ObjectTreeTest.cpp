@@ -100,7 +100,7 @@ TEST(ObjectTreeJSON, BadInputFailsWithItsText) {
 }
 
 TEST(FormulaInk, ReadsNamesAndNumbersLeniently) {
-    // text, stored, color
+    // Text as typed, as stored, and the colour it names.
     const std::tuple<const char*, const char*, std::uint32_t> cases[] = {
         {" #abc ", "#AABBCC", 0xAABBCC}, {"#0a84ff", "#0A84FF", 0x0A84FF}, {"Grey", "grey", 0x8E8E93},
         {"紫", "紫", 0xBF5AF2},          {"\tWHITE\n", "white", 0xFFFFFF},
@@ -312,7 +312,7 @@ TEST(ParticlesAnnotation, ANewRecipeWritesOnlyWhatDiffersFromAbsence) {
 }
 
 TEST(ParticlesAnnotation, TurbulenceRateIsWrittenOnlyWithTurbulence) {
-    // turbulence, rate, written
+    // Turbulence, its rate, and whether the rate is written.
     const std::tuple<double, double, bool> cases[] = {{0, 0, false}, {0, 3, false}, {5, 0, true}, {5, 3, true}};
     for (const auto& [turbulence, rate, written] : cases) {
         ParticlesAnnotation particles = standard();

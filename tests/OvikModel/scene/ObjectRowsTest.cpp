@@ -92,7 +92,7 @@ TEST(ObjectRows, AGroupReachesTheLeavesThatHaveTheRow) {
 
 TEST(ObjectRows, RefusalsNameTheProblemAndChangeNothing) {
     const L10n::LanguageOverride english("en");
-    // path, value, message
+    // Path, value, and part of the refusal (any text when empty).
     const std::tuple<const char*, const char*, const char*> cases[] = {
         {"Rect.heads", "\"end\"", "it is only for Arrow, Line."}, {"Rect.fillColor", "\"red\"", "#RRGGBB, or none"},
         {"Rect.speed", "20", ""}, {"Rect.loop", "0", "between 1 and 1000"},

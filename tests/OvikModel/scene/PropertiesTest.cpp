@@ -252,7 +252,7 @@ TEST(EffectPaths, UnsetParametersReadAsTheDefaultsOfTheirPlace) {
 
 TEST(EffectPaths, SetThenGetOnEveryKindOfTarget) {
     const L10n::LanguageOverride english("en");
-    // path, value, read
+    // Path, value written, and what the path reads then.
     const std::tuple<std::string, JSONValue, const char*> cases[] = {
         {"Box.effects[0].opacity", JSONValue(0.75), "0.75"},
         {"Box.effects[0].color", JSONValue(std::string("#F2542D")), R"("#F2542D")"},
@@ -293,7 +293,7 @@ TEST(EffectPaths, TheValueAlreadyThereChangesNothing) {
 
 TEST(EffectPaths, RefusalsLeaveTheDraftAsItWas) {
     const L10n::LanguageOverride english("en");
-    // path, value, message
+    // Path, value, and part of the refusal.
     const std::tuple<std::string, JSONValue, const char*> cases[] = {
         {"Box.effects[2].radius", JSONValue(1.0), "effects[2].radius names no effect: the effects here are numbered 0 to 1"},
         {(sectionText + ".look.effects[1].amount"), JSONValue(0.1), "numbered 0 to 0"},
@@ -523,8 +523,9 @@ TEST(SpaceRows, EveryRowsPathReadsBackAsItsText) {
         EXPECT_EQ(PropertyPath::parse(path.description(), draft), path) << path.description();
     }
     // A field may be named under the part it belongs to.
-    for (const auto& [text, named] : {std::pair{"camera.fov", "fov"}, {"renderer.toneMapping", "toneMapping"},
-                                      {"lights.2.light.color", "lights.2.color"}, {"objects.0.object.visible", "objects.0.visible"}})
+    for (const auto& [text, named] :
+         {std::pair{"camera.fov", "fov"}, {"renderer.toneMapping", "toneMapping"},
+          {"lights.2.light.color", "lights.2.color"}, {"objects.0.object.visible", "objects.0.visible"}})
         EXPECT_EQ(PropertyPath::parse(at(text), draft).description(), at(named)) << text;
 }
 

@@ -61,7 +61,7 @@ const ClockLoop forever = ClockLoop::makeForever();
 ClockLoop times(std::int64_t count) { return ClockLoop::makeCount(count); }
 
 TEST(Clock, OwnTimeFollowsRateLoopOffsetAndEnd) {
-    // what, clock, at, length, own
+    // What, the clock, the outer moment, the length of the thing, and its own moment then.
     const std::tuple<const char*, Clock, double, std::optional<double>, double> cases[] = {
         {"plain within", Clock::plain(), 1.5, 4, 1.5},
         {"plain on its end", Clock::plain(), 4, 4, 4},
@@ -592,7 +592,7 @@ TEST(DraftRetiming, SectionSpeedIsCheckedThenStoredClamped) {
     using K = SectionSpeed::Key;
     using H = SectionSpeed::Hold;
     const MediaDuration s{1'000'000};
-    // section, speed, reason
+    // Section, speed, and why it is refused.
     const std::tuple<SectionID, SectionSpeed, TimeEditError::Reason> refused[] = {
         {sectionID(9), speedOf({K{{}, 2, {}}}), TimelineEditError::nothingThere},
         {sectionID(1), speedOf({}, {}, true), SectionSpeedError::cannotReverse},

@@ -32,7 +32,7 @@ TEST(RGBA, HexTextClampsAndRoundsEachChannel) {
     }
 }
 
-TEST(RGBA, HexTextReadsSixDigitsWithOptionalHash) {
+TEST(RGBA, HexTextReadsSixDigitsWithOptionalHashOrEightWithAlpha) {
     const RGBA expected{1, 0, 128.0 / 255, 1};
     for (const char* text : {"FF0080", "#ff0080"}) {
         EXPECT_EQ(RGBA::fromHexText(text), expected) << text;
@@ -40,9 +40,7 @@ TEST(RGBA, HexTextReadsSixDigitsWithOptionalHash) {
     }
     const char* refused[] = {"#FF008", "FF00800", "##FF0080", "#GG0080", "", " FF0080", "+F0080", "#FF0080FF"};
     for (const char* text : refused) EXPECT_FALSE(RGBA::fromHexText(text).has_value()) << '"' << text << '"';
-}
-
-TEST(RGBA, HexOrAlphaTextReadsEightDigitsToo) {
+    // The form with alpha reads eight digits too.
     EXPECT_EQ(RGBA::fromHexOrAlphaText("#FF000080"), (RGBA{1, 0, 0, 128.0 / 255}));
     EXPECT_EQ(RGBA::fromHex(0xFF8000, 0.5), (RGBA{1, 128.0 / 255, 0, 0.5}));
     for (const char* text : {"#FF00008", "FF0000800", "#FF0000G0"})
