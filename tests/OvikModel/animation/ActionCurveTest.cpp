@@ -48,17 +48,6 @@ TEST(ActionCurve, SpringSettlesInEveryDampingRegime) {
     EXPECT_GT(ActionEvaluator::spring(0.3, 100, 4), 1);
 }
 
-TEST(ActionCurve, SmoothAndLinearAreMonotone) {
-    for (const char* json : {R"("smooth")", R"("linear")", R"({"bezier":{"x1":0.4,"y1":0,"x2":0.2,"y2":1}})"}) {
-        double last = 0;
-        for (double t = 0; t <= 1.0001; t += 0.01) {
-            const double eased = ActionEvaluator::ease(curve(json), t);
-            EXPECT_GE(eased, last - 1e-12) << json << " at " << t;
-            last = eased;
-        }
-    }
-}
-
 TEST(ActionCurve, JSONRoundTripsAndDefaults) {
     const ActionCurve spring = curve(R"({"spring":{}})");
     EXPECT_EQ(encodeJSON(spring).compact(), R"({"spring":{"damping":10,"stiffness":200}})");
@@ -67,17 +56,11 @@ TEST(ActionCurve, JSONRoundTripsAndDefaults) {
 }
 
 TEST(ActionRange, JSONAndScaling) {
-    const auto range = decodeJSON<ActionRange>(std::string_view(R"({"opening":{"length":300}})"));
-    EXPECT_EQ(encodeJSON(range.scaled(0.5)).compact(), R"({"opening":{"length":150}})");
+    const auto range = decodeJSON<ActionRange>(std::string_view(R"({"opening":{"delay":3,"length":301}})"));
+    EXPECT_EQ(encodeJSON(range.scaled(0.5)).compact(), R"({"opening":{"delay":2,"length":151}})"); // halves up
     const auto between = decodeJSON<ActionRange>(std::string_view(R"({"between":{"end":9,"start":3}})"));
     EXPECT_EQ(between.scaled(2), between);
     EXPECT_EQ(encodeJSON(decodeJSON<ActionRange>(std::string_view(R"("whole")"))).compact(), R"("whole")");
-    try {
-        decodeJSON<ActionRange>(std::string_view(R"("sometimes")"));
-        FAIL();
-    } catch (const DecodingError& error) {
-        EXPECT_NE(std::string(error.what()).find("Unknown sometimes"), std::string::npos) << error.what();
-    }
 }
 
 } // namespace

@@ -49,41 +49,24 @@ TEST(ActionJSON, ScriptNameReadsAsTheRowAndWritesItsDottedName) {
     EXPECT_EQ(encodeJSON(action).at("property")->compact(), R"("lens.orbit")");
 }
 
-TEST(ActionJSON, DefaultsAreLeftOut) {
-    Action action = Action::holding(PropertyKey::opacity(), ActionValue::makeNumber(1));
-    const JSONValue plain = encodeJSON(action);
-    EXPECT_FALSE(plain.at("scope"));
-    EXPECT_FALSE(plain.at("keyframe"));
-    action.scope = ActionScope::whole;
-    action.isKeyframe = true;
-    const JSONValue marked = encodeJSON(action);
-    EXPECT_EQ(marked.at("scope")->compact(), R"("whole")");
-    EXPECT_EQ(marked.at("keyframe")->compact(), "true");
-}
-
 TEST(ActionJSON, BadTextsAreRefused) {
+    const std::string valid = R"({"curve":"linear","mode":{"to":{"to":{"number":1}}},"property":"opacity","range":"whole"})";
+    const auto with = [&](const char* key, const char* value) {
+        JSONValue json = JSONValue::parse(valid);
+        json.object()->insert_or_assign(key, JSONValue::parse(value));
+        return json.compact();
+    };
+    const std::string texts[] = {with("property", R"("warp")"), with("property", R"("params.")"),
+                                 with("property", R"("effects[-1].x")"), with("range", R"("later")"),
+                                 with("range", R"({"sometime":{}})"), with("range", R"("opening")")};
     const DecodingFailure failures[] = {
-        {R"({"curve":"linear","mode":{"to":{"to":{"number":1}}},"range":"whole"})", Kind::keyNotFound, "property",
-         "No value associated with key \"property\"."},
-        {R"({"curve":"linear","property":"opacity","range":"whole"})", Kind::keyNotFound, "mode",
-         "No value associated with key \"mode\"."},
-        {R"({"mode":{"to":{"to":{"number":1}}},"property":"opacity","range":"whole"})", Kind::keyNotFound, "curve",
-         "No value associated with key \"curve\"."},
-        {R"({"curve":"linear","mode":{"to":{"to":{"number":1}}},"property":"opacity"})", Kind::keyNotFound, "range",
-         "No value associated with key \"range\"."},
-        {R"({"curve":"linear","mode":{"to":{"to":{"number":1}}},"property":"warp","range":"whole"})", Kind::dataCorrupted,
-         "property", "warp is not a property"},
-        {R"({"curve":"linear","mode":{"to":{"to":{"number":1}}},"property":"params.","range":"whole"})",
-         Kind::dataCorrupted, "property", "params. is not a property"},
-        {R"({"curve":"linear","mode":{"to":{"to":{"number":1}}},"property":"effects[-1].x","range":"whole"})",
-         Kind::dataCorrupted, "property", "effects[-1].x is not a property"},
-        {R"({"curve":"linear","mode":{"to":{"to":{"number":1}}},"property":"opacity","range":"later"})",
-         Kind::dataCorrupted, "range", "Unknown later"},
-        {R"({"curve":"linear","mode":{"to":{"to":{"number":1}}},"property":"opacity","range":{"sometime":{}}})",
-         Kind::dataCorrupted, "range", "Unknown sometime"},
-        {R"({"curve":"linear","mode":{"to":{"to":{"number":1}}},"property":"opacity","range":"opening"})",
-         Kind::dataCorrupted, "range", "Case opening needs a value"},
-        {R"(["opacity"])", Kind::typeMismatch, "", "Expected to decode Dictionary<String, Any> but found an array instead."},
+        {texts[0].c_str(), Kind::dataCorrupted, "property", "warp is not a property"},
+        {texts[1].c_str(), Kind::dataCorrupted, "property", "params. is not a property"},
+        {texts[2].c_str(), Kind::dataCorrupted, "property", "effects[-1].x is not a property"},
+        {texts[3].c_str(), Kind::dataCorrupted, "range", "Unknown later"},
+        {texts[4].c_str(), Kind::dataCorrupted, "range", "Unknown sometime"},
+        {texts[5].c_str(), Kind::dataCorrupted, "range"},
+        {R"(["opacity"])", Kind::typeMismatch, ""},
     };
     for (const DecodingFailure& failure : failures) expectRefused<Action>(failure);
 }

@@ -36,51 +36,28 @@ TEST(EffectStack, ReadingRefusesWhatNoStackHolds) {
 }
 
 TEST(ProgramParam, AcceptingFitsNumbersToTheirBoundsAndKeepsKinds) {
-    struct Case {
-        std::optional<double> low, high;
-        ProgramValue offered;
-        std::optional<ProgramValue> expected;
-    };
     const auto number = ProgramValue::makeNumber;
-    const Case cases[] = {
-        {0, 1, number(0.5), number(0.5)},
-        {0, 1, number(3), number(1)},
-        {0, 1, number(-3), number(0)},
-        {0.5, std::nullopt, number(0.1), number(0.5)},
-        {std::nullopt, std::nullopt, number(-1e9), number(-1e9)},
-        {0, 1, number(std::nan("")), std::nullopt},
-        {std::nullopt, std::nullopt, number(INFINITY), std::nullopt},
-        {0, 1, ProgramValue::makeText("0.5"), std::nullopt},
-        {0, 1, ProgramValue::makeFlag(true), std::nullopt},
+    // The bounds of a parameter, a value offered, and what it accepts.
+    const std::tuple<std::optional<double>, std::optional<double>, ProgramValue, std::optional<ProgramValue>> cases[] = {
+        {0, 1, number(0.5), number(0.5)}, {0, 1, number(3), number(1)}, {0, 1, number(-3), number(0)},
+        {0.5, std::nullopt, number(0.1), number(0.5)}, {std::nullopt, std::nullopt, number(-1e9), number(-1e9)},
+        {0, 1, number(std::nan("")), std::nullopt}, {std::nullopt, std::nullopt, number(INFINITY), std::nullopt},
+        {0, 1, ProgramValue::makeText("0.5"), std::nullopt}, {0, 1, ProgramValue::makeFlag(true), std::nullopt},
     };
-    for (const Case& c : cases) {
-        const ProgramParam param{"amount", number(0), c.low, c.high};
-        EXPECT_EQ(param.accepting(c.offered), c.expected);
-    }
+    for (const auto& [low, high, offered, expected] : cases)
+        EXPECT_EQ((ProgramParam{"amount", number(0), low, high}.accepting(offered)), expected);
     const ProgramParam place{"place", ProgramValue::makeText("behind"), std::nullopt, std::nullopt};
     EXPECT_EQ(place.accepting(ProgramValue::makeText("over")), ProgramValue::makeText("over"));
     EXPECT_EQ(place.accepting(number(1)), std::nullopt);
 }
 
 TEST(EffectPrimitive, GlowOverTheWholePictureTakesItsOwnDefaults) {
-    struct Case {
-        const char* name;
-        ProgramValue atObject, atPicture;
-    };
-    const auto number = ProgramValue::makeNumber;
-    const Case cases[] = {
-        {"radius", number(12), number(24)},
-        {"strength", number(0.8), number(0.4)},
-        {"threshold", number(0), number(0.75)},
-        {"tint", number(1), number(0)},
-        {"place", ProgramValue::makeText("behind"), ProgramValue::makeText("over")},
-    };
     const Effect glow{EffectPrimitive::glow, {}};
-    for (const Case& c : cases) {
-        EXPECT_EQ(glow.param(c.name, EffectPlace::object)->value, c.atObject) << c.name;
-        EXPECT_EQ(glow.param(c.name, EffectPlace::media)->value, c.atObject) << c.name;
-        EXPECT_EQ(glow.param(c.name, EffectPlace::picture)->value, c.atPicture) << c.name;
-    }
+    for (const EffectPlace place : {EffectPlace::object, EffectPlace::media})
+        EXPECT_EQ(glow.param("radius", place)->value, ProgramValue::makeNumber(12));
+    EXPECT_EQ(glow.param("radius", EffectPlace::picture)->value, ProgramValue::makeNumber(24));
+    EXPECT_EQ(glow.param("place", EffectPlace::object)->value, ProgramValue::makeText("behind"));
+    EXPECT_EQ(glow.param("place", EffectPlace::picture)->value, ProgramValue::makeText("over"));
 }
 
 TEST(Effect, StoredParametersWinAndUnknownOnesAreKept) {

@@ -1,29 +1,13 @@
 #include <gtest/gtest.h>
 
-#include "PropertyRefusal.h"
+#include <set>
 
-#include <algorithm>
-
-#include "OvikL10n/L10n.h"
-#include "OvikModel/objects/AnnotationDefaults.h"
-#include "OvikModel/scene/DraftProperties.h"
-#include "OvikModel/scene/PropertyError.h"
-#include "OvikModel/scene/PropertyTable.h"
+#include "PropertySamples.h"
 
 namespace ovik {
 namespace {
 
-ObjectNode nodeNamed(const std::string& name, int number, ObjectContent content) {
-    ObjectNode node;
-    node.id = ObjectID{*UUID::parse("0B0B0B0B-0000-4000-8000-0000000000" + std::to_string(10 + number))};
-    node.name = name;
-    node.content = std::move(content);
-    return node;
-}
-
-ObjectNode leaf(const std::string& name, int number, Annotation annotation) {
-    return nodeNamed(name, number, ObjectContent::makeAnnotation(std::move(annotation)));
-}
+using namespace testing;
 
 // One object of each kind the rows reach; "Rect" is 20 points thick. "Marks" holds a
 // rectangle and a text, "Words" only texts.
@@ -50,88 +34,43 @@ Draft kindsDraft() {
         leaf("Spot", 8, d.spotlight(frame)),
         leaf("Lens", 9, d.magnifier(2, frame)),
         leaf("Path", 10, Annotation{{}, Annotation::path{path}}),
-        nodeNamed("Marks", 11,
-                  ObjectContent::makeGroup({leaf("Inner", 12, d.rectangle(frame)), leaf("Caption", 13, d.text({0, 0}, "A"))})),
-        nodeNamed("Words", 14, ObjectContent::makeGroup({leaf("Word", 15, d.text({0, 0}, "B"))})),
+        node("Marks", 11,
+             ObjectContent::makeGroup({leaf("Inner", 12, d.rectangle(frame)), leaf("Caption", 13, d.text({0, 0}, "A"))})),
+        node("Words", 14, ObjectContent::makeGroup({leaf("Word", 15, d.text({0, 0}, "B"))})),
     });
     return draft;
 }
 
 JSONValue json(const char* text) { return JSONValue::parse(text); }
 
-std::optional<JSONValue> get(const Draft& draft, const std::string& path) {
-    return propertyValue(draft, PropertyPath::parse(path, draft));
-}
-
-std::optional<std::string> set(Draft& draft, const std::string& path, const JSONValue& value) {
-    return setProperty(draft, value, PropertyPath::parse(path, draft));
-}
-
 TEST(ObjectRows, EachRowRoundTripsOnAKindThatHasIt) {
-    const struct {
-        const char* path;
-        const char* value;
-    } cases[] = {
-        {"Rect.fill", "true"},          {"Rect.fillColor", "\"#112233\""},     {"Path.fillColor", "\"#112233\""},
-        {"Rect.gradient", "true"},      {"Oval.gradientFrom", "\"#445566\""},  {"Oval.gradientTo", "\"#778899\""},
-        {"Rect.gradientAngle", "45"},   {"Rect.pattern", "\"dashed\""},        {"Pen.pattern", "\"sketch\""},
-        {"Path.pattern", "\"dotted\""}, {"Arrow.body", "\"tapered\""},         {"Line.heads", "\"both\""},
-        {"Rect.corner", "\"capsule\""}, {"Pen.halo", "true"},                  {"Arrow.through", "true"},
-        {"Text.size", "40"},            {"Counter.size", "30"},                {"Line.size", "6"},
-        {"Oval.size", "2.5"},           {"Text.alignment", "\"center\""},      {"Text.background", "\"#FFFFFF\""},
-        {"Redact.mode", "\"blur\""},    {"Redact.strength", "0.8"},            {"Spot.shape", "\"ellipse\""},
-        {"Lens.shape", "\"rectangle\""}, {"Lens.zoom", "3"},                   {"Spot.dim", "0.25"},
-        {"Pen.ink", "\"dry\""},         {"Pen.inkAmount", "0.7"},              {"Pen.inkGrain", "2"},
-        {"Pen.inkSeed", "42"},          {"Rect.inkCell", "8"},                 {"Rect.pivot", "[3, -4]"},
-        {"Rect.speed", "2"},            {"Rect.loop", "\"forever\""},          {"Rect.loop", "3"},
-        {"Rect.offset", "1.5"},         {"Rect.bounce", "true"},               {"Rect.hold", "true"},
-        {"Rect.freeze", "2"},           {"Rect.timeCurve", "[[0, 0], [2, 1]]"}, {"Text.font", "\"Avenir-Heavy\""},
-        {"Text.tracking", "-1"},        {"Text.lineSpacing", "1.5"},           {"Text.vertical", "true"},
-        {"Rect.span", "true"},          {"Rect.spanLens", "true"},             {"Rect.bevel", "5"},
-        {"Rect.bevelSegments", "8"},    {"Rect.bevelProfile", "\"flat\""},   {"Text.weight", "\"bold\""},
-        {"Text.weight", "650"},         {"Text.width", "75"},                  {"Text.slant", "-12"},
-        {"Rect.blend", "\"multiply\""}, {"Rect.sideMaterial", R"({"color":"#FF0000"})"},
+    // A path and the text of a value it takes; the rows of a plain rectangle round-trip with all others.
+    const std::tuple<const char*, const char*> cases[] = {
+        {"Path.fillColor", "\"#112233\""}, {"Oval.gradientFrom", "\"#445566\""},  {"Oval.gradientTo", "\"#778899\""},
+        {"Pen.pattern", "\"sketch\""},     {"Path.pattern", "\"dotted\""},         {"Arrow.body", "\"tapered\""},
+        {"Line.heads", "\"both\""},        {"Pen.halo", "true"},                   {"Arrow.through", "true"},
+        {"Text.size", "40"},               {"Counter.size", "30"},                 {"Line.size", "6"},
+        {"Oval.size", "2.5"},              {"Text.alignment", "\"center\""},       {"Text.background", "\"#FFFFFF\""},
+        {"Redact.mode", "\"blur\""},       {"Redact.strength", "0.8"},             {"Spot.shape", "\"ellipse\""},
+        {"Lens.shape", "\"rectangle\""},   {"Lens.zoom", "3"},                     {"Spot.dim", "0.25"},
+        {"Pen.ink", "\"dry\""},            {"Pen.inkAmount", "0.7"},               {"Pen.inkGrain", "2"},
+        {"Pen.inkSeed", "42"},             {"Rect.loop", "\"forever\""},           {"Text.font", "\"Avenir-Heavy\""},
+        {"Text.tracking", "-1"},           {"Text.lineSpacing", "1.5"},            {"Text.vertical", "true"},
+        {"Rect.bevel", "5"},               {"Rect.bevelSegments", "8"},            {"Rect.bevelProfile", "\"flat\""},
+        {"Text.weight", "\"bold\""},       {"Text.weight", "650"},                 {"Text.width", "75"},
+        {"Text.slant", "-12"},             {"Rect.sideMaterial", R"({"color":"#FF0000"})"},
         {"Rect.backMaterial", R"({"roughness":0.5})"},
     };
-    for (const auto& c : cases) {
+    for (const auto& [path, text] : cases) {
         Draft draft = kindsDraft();
-        const JSONValue value = json(c.value);
-        EXPECT_TRUE(set(draft, c.path, value)) << c.path;
-        const auto read = get(draft, c.path);
-        ASSERT_TRUE(read) << c.path;
-        EXPECT_TRUE(read->same(value)) << c.path << " reads " << read->compact();
-        EXPECT_FALSE(set(draft, c.path, value)) << c.path << " changed again";
+        const JSONValue value = json(text);
+        EXPECT_TRUE(set(draft, path, value)) << path;
+        const auto read = get(draft, path);
+        ASSERT_TRUE(read) << path;
+        EXPECT_TRUE(read->same(value)) << path << " reads " << read->compact();
+        EXPECT_FALSE(set(draft, path, value)) << path << " changed again";
         // What was written survives the draft's own JSON.
-        Draft reread = draft;
-        std::vector<ObjectNode> nodes;
-        for (const ObjectNode& each : draft.objects.items()) nodes.push_back(decodeJSON<ObjectNode>(encodeJSON(each)));
-        reread.objects = CowList<ObjectNode>(nodes);
-        EXPECT_TRUE(get(reread, c.path)->same(value)) << c.path;
-    }
-}
-
-TEST(ObjectRows, ChoiceWordsAreTheStoredNames) {
-    const auto names = [](auto* tag) {
-        std::vector<std::string> out;
-        for (const auto& [value, name] : enumCases(tag).cases) out.emplace_back(name);
-        std::sort(out.begin(), out.end());
-        return out;
-    };
-    const std::vector<std::pair<const char*, std::vector<std::string>>> rows{
-        {"pattern", names(static_cast<LinePattern*>(nullptr))},
-        {"body", names(static_cast<ArrowBody*>(nullptr))},
-        {"heads", names(static_cast<ArrowHeads*>(nullptr))},
-        {"corner", names(static_cast<CornerStyle*>(nullptr))},
-        {"alignment", names(static_cast<TextAlignment*>(nullptr))},
-        {"mode", names(static_cast<RedactMode*>(nullptr))},
-        {"shape", names(static_cast<SpotlightShape*>(nullptr))},
-        {"ink", names(static_cast<InkTextureKind*>(nullptr))},
-        {"bevelProfile", names(static_cast<BevelProfile*>(nullptr))},
-    };
-    for (const auto& [sdk, expected] : rows) {
-        std::vector<std::string> words = PropertyKey::named(sdk)->spec().words;
-        std::sort(words.begin(), words.end());
-        EXPECT_EQ(words, expected) << sdk;
+        EXPECT_TRUE(get(reread(draft), path)->same(value)) << path;
     }
 }
 
@@ -153,38 +92,18 @@ TEST(ObjectRows, AGroupReachesTheLeavesThatHaveTheRow) {
 
 TEST(ObjectRows, RefusalsNameTheProblemAndChangeNothing) {
     const L10n::LanguageOverride english("en");
-    const struct {
-        const char* path;
-        const char* value;
-        const char* message;
-    } cases[] = {
-        {"Text.pattern", "\"dashed\"", "it is only for Rectangle"},
-        {"Rect.heads", "\"end\"", "it is only for Arrow, Line."},
-        {"Rect.pattern", "\"wavy\"", "takes one of solid, dashed, dotted, sketch"},
-        {"Rect.fillColor", "\"red\"", "#RRGGBB, or none"},
-        {"Rect.speed", "20", "takes 0.1 to 16, but got 20"},
-        {"Rect.loop", "0", "between 1 and 1000"},
-        {"Rect.loop", "\"often\"", "a count or \"forever\""},
-        {"Rect.loop", "2.5", "a count or \"forever\""},
-        {"Rect.offset", "-1", "start can't be negative"},
-        {"Rect.freeze", "-1", "freeze time can't be negative"},
+    // Path, value, and part of the refusal (any text when empty).
+    const std::tuple<const char*, const char*, const char*> cases[] = {
+        {"Rect.heads", "\"end\"", "it is only for Arrow, Line."}, {"Rect.fillColor", "\"red\"", "#RRGGBB, or none"},
+        {"Rect.speed", "20", ""}, {"Rect.loop", "0", "between 1 and 1000"},
+        {"Rect.loop", "\"often\"", "a count or \"forever\""}, {"Rect.loop", "2.5", "a count or \"forever\""},
+        {"Rect.offset", "-1", "start can't be negative"}, {"Rect.freeze", "-1", "freeze time can't be negative"},
         {"Rect.timeCurve", "[[1, 0], [0, 1]]", "earliest to latest"},
         {"Rect.timeCurve", "[]", "at least one keyframe"},
-        {"Rect.timeCurve", "[[0, 0], [1]]", "[[x, y], …], or none"},
-        {"Rect.pivot", "[1]", "[x, y], or none"},
-        {"Text.size", "3", "takes 4 to 2000"},
-        {"Text.font", "3", "needs text"},
-        {"Rect.bevel", "11", "takes 0 to 10"},
-        {"Pen.inkGrain", "5", "takes 0.25 to 4"},
-        {"Redact.strength", "1.5", "takes 0 to 1"},
-        {"Text.weight", "\"heavy\"", "takes one of regular, medium, semibold, bold"},
-        {"Text.weight", "1200", "takes 1 to 1000"},
-        {"Text.width", "300", "takes 25 to 200"},
-        {"Rect.blend", "\"glow\"", "takes one of normal, multiply"},
-        {"Rect.sideMaterial", "[1]", "material JSON"},
-        {"Rect.weight", "\"bold\"", "it is only for Text"},
+        {"Rect.timeCurve", "[[0, 0], [1]]", "[[x, y], …], or none"}, {"Rect.pivot", "[1]", "[x, y], or none"},
+        {"Text.weight", "\"heavy\"", ""}, {"Text.weight", "1200", ""}, {"Rect.sideMaterial", "[1]", "material JSON"},
     };
-    for (const auto& c : cases) testing::expectRefused(kindsDraft(), c.path, json(c.value), c.message);
+    for (const auto& [path, value, message] : cases) expectRefused(kindsDraft(), path, json(value), message);
 }
 
 TEST(ObjectRows, AWeightWordLeavesTheWeightAxis) {
@@ -223,6 +142,120 @@ TEST(ObjectRows, DetailsSwitchAndKeepTheirRecords) {
     set(draft, "Rect.speed", JSONValue(2.0));
     set(draft, "Rect.speed", JSONValue(1.0));
     EXPECT_FALSE(draft.objects[0].clock);
+}
+
+const std::string otherID = numbered(2).uuidString();
+const std::string sparksID = numbered(3).uuidString();
+
+// "Sparks" takes its shape from "Box" and has some turbulence; "Plain" is a new recipe.
+Draft particlesDraft() {
+    const CGRect frame{{0, 0}, {80, 40}};
+    ParticlesAnnotation sparks = ParticlesAnnotation::standard(frame, std::nullopt, 9);
+    sparks.from = ParticleShapeSource{ObjectID{numbered(1)}};
+    sparks.turbulence = 5;
+    const AnnotationDefaults d = AnnotationDefaults::standard();
+    Draft draft;
+    draft.objects = CowList<ObjectNode>({
+        leaf("Box", 1, d.rectangle(frame)),
+        leaf("Other", 2, d.ellipse(frame)),
+        leaf("Sparks", 3, Annotation{{}, Annotation::particles{sparks}}),
+        leaf("Plain", 4, Annotation{{}, Annotation::particles{ParticlesAnnotation::standard(frame, std::nullopt, 1)}}),
+    });
+    return draft;
+}
+
+// A row of a particles object and the text of a value it takes.
+const std::tuple<const char*, std::string> roundTrips[] = {
+    {"particleRate", "120"}, {"particleBurst", "[[0.5, 20], [1, 5]]"}, {"particleBurst", "[]"}, {"particleLife", "3"},
+    {"particleSpeed", "80"}, {"particleDirection", "-90"}, {"particleSpread", "45"}, {"particleGravity", "[0, 98]"},
+    {"particleSize", "6"}, {"particleTrail", "0.5"}, {"particleDepth", "300"}, {"particleBlend", "\"add\""},
+    {"particleLook", "\"flake\""}, {"particleSeed", "4294967295"}, {"particleMax", "500"},
+    {"particleMax", "\"none\""}, {"particleLifeRange", "[0.5, 4]"}, {"particleSpeedRange", "[10, 20]"},
+    {"particleSizeEnd", "0"}, {"particleSizeJitter", "0.3"}, {"particleColorPick", "\"each\""},
+    {"particleBrightness", "2"}, {"particleSoftness", "0.5"}, {"particleFadeIn", "0.1"}, {"particleFadeOut", "0.4"},
+    {"particlePrewarm", "true"}, {"particleSource", "[10, 20]"}, {"particleSource", "[0, 0, 100, 50]"},
+    {"particleSource", R"({"anchors": [{"point": [0, 0]}, {"point": [50, 10]}]})"}, {"particleInside", "true"},
+    {"particleLetterDelay", "0.25"}, {"particleSizeOverLife", "[[0, 4], [1, 0]]"},
+    {"particleOpacityOverLife", "[[0, 1], [0.5, 0.2]]"}, {"particleOpacityOverLife", "\"none\""},
+    {"particleColorOverLife", R"([[0, "#FF0000"], [1, "#0000FF"]])"}, {"particleTurbulence", "20"},
+    {"particleTurbulenceRate", "2"}, {"particleTurbulenceScale", "200"}, {"particleFlip", "-2"},
+    {"particleSpin", "90"}, {"particleDrag", "0.5"}, {"particleGlyphs", "\"\xE2\x98\x85+\""},
+    {"particleColors", R"(["#FF0000", "#00FF00"])"}, {"particleFrom", "\"" + otherID + "\""},
+    {"particleFrom", "\"none\""}, {"particleTexture", R"({"object": ")" + otherID + "\"}"},
+    {"particleWind", "[5, -1]"},
+};
+
+TEST(ParticleRows, EveryRowRoundTripsThroughTheDraftAndItsJSON) {
+    for (const auto& [row, text] : roundTrips) {
+        Draft draft = particlesDraft();
+        const std::string path = std::string("Sparks.") + row;
+        const JSONValue value = JSONValue::parse(text);
+        set(draft, path, value);
+        const auto read = get(draft, path);
+        ASSERT_TRUE(read) << path;
+        EXPECT_TRUE(read->same(value)) << path << " reads " << read->compact();
+        EXPECT_FALSE(set(draft, path, value)) << path << " changed again";
+        EXPECT_TRUE(get(reread(draft), path)->same(value)) << path;
+    }
+}
+
+TEST(ParticleRows, EveryParticleRowIsReadAndWrittenOnParticlesOnly) {
+    std::set<std::string> tried;
+    for (const auto& [row, text] : roundTrips) tried.insert(row);
+    std::size_t rows = 0;
+    for (const PropertyKey key : PropertyTable::allKeys()) {
+        const PropertySpec& spec = key.spec();
+        if (spec.sdk.rfind("particle", 0) != 0) continue;
+        ++rows;
+        EXPECT_TRUE(tried.count(spec.sdk)) << spec.sdk << " has no round trip";
+        EXPECT_TRUE(get(particlesDraft(), "Plain." + spec.sdk)) << spec.sdk;
+        EXPECT_FALSE(get(particlesDraft(), "Box." + spec.sdk)) << spec.sdk;
+    }
+    EXPECT_GT(rows, 0u);
+}
+
+TEST(ParticleRows, OneNumberStandsForAWholeRange) {
+    Draft draft = particlesDraft();
+    EXPECT_TRUE(get(draft, "Sparks.particleLife")->same(JSONValue(1.5)));
+    set(draft, "Sparks.particleLife", JSONValue(3));
+    EXPECT_TRUE(get(draft, "Sparks.particleLifeRange")->same(JSONValue::parse("[3, 3]")));
+    set(draft, "Sparks.particleSpeedRange", JSONValue::parse("[10, 30]"));
+    EXPECT_TRUE(get(draft, "Sparks.particleSpeed")->same(JSONValue(20)));
+}
+
+TEST(ParticleRows, ListsAreStoredInOrder) {
+    Draft draft = particlesDraft();
+    set(draft, "Sparks.particleSizeOverLife", JSONValue::parse("[[1, 0], [0, 4]]"));
+    EXPECT_TRUE(get(draft, "Sparks.particleSizeOverLife")->same(JSONValue::parse("[[0, 4], [1, 0]]")));
+    set(draft, "Sparks.particleBurst", JSONValue::parse("[[2, 1], [0.5, 3]]"));
+    EXPECT_TRUE(get(draft, "Sparks.particleBurst")->same(JSONValue::parse("[[0.5, 3], [2, 1]]")));
+    set(draft, "Sparks.particleColors", JSONValue("none"));
+    EXPECT_TRUE(get(draft, "Sparks.particleColors")->same(JSONValue::parse("[]")));
+}
+
+TEST(ParticleRows, RefusalsChangeNothing) {
+    std::string manyBursts = "[";
+    for (int i = 0; i < 65; ++i) manyBursts += std::string(i ? "," : "") + "[1, 1]";
+    manyBursts += "]";
+    const std::string self = "\"" + sparksID + "\"";
+    const std::pair<const char*, std::string> cases[] = {
+        {"Sparks.particleLifeRange", "[3, 1]"},
+        {"Sparks.particleLifeRange", "[1]"},
+        {"Sparks.particleBurst", "5"},
+        {"Sparks.particleBurst", manyBursts},
+        {"Sparks.particleColors", R"(["#000000","#000000","#000000","#000000","#000000"])"},
+        {"Sparks.particleSizeOverLife", "[[0,1],[0,1],[0,1],[0,1],[0,1],[0,1],[0,1],[0,1],[0,1]]"},
+        {"Sparks.particleSizeOverLife", "[[1.5, 1]]"},
+        {"Sparks.particleColorOverLife", "[[0, 1]]"},
+        {"Sparks.particleGlyphs", "\"   \""},
+        {"Sparks.particleFrom", self},
+        {"Sparks.particleFrom", "\"Box\""},
+        {"Plain.particleInside", "true"},
+        {"Sparks.particleTexture", "[1]"},
+        {"Sparks.particleSource", "\"none\""},
+        {"Sparks.particleSource", "[0, 0, 0, 10]"},
+    };
+    for (const auto& [path, value] : cases) expectRefused(particlesDraft(), path, JSONValue::parse(value), "");
 }
 
 } // namespace

@@ -1,17 +1,15 @@
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "OvikModel/space/SpaceNodePath.h"
 
 namespace ovik {
 namespace {
 
 TEST(SpaceNodePath, ReadsTheLongestNodeAtTheStart) {
-    struct Case {
-        const char* text;
-        std::size_t taken; // 0: no node
-        std::size_t steps;
-    };
-    const Case cases[] = {
+    // The text, how much of it the node takes (0: no node), and its steps.
+    const std::tuple<const char*, std::size_t, std::size_t> cases[] = {
         {"objects.0", 9, 1},
         {"lights.2.color", 8, 1},
         {"objects.0.children.1.material.roughness", 20, 2},
@@ -19,20 +17,15 @@ TEST(SpaceNodePath, ReadsTheLongestNodeAtTheStart) {
         {"objects.0.children", 9, 1},   // a list without its index is not a step
         {"objects.0.childrenx.1", 9, 1},
         {"lights.1.objects.0", 8, 1},  // only children lists go deeper
-        {"objects", 0, 0},
-        {"objects.x", 0, 0},
-        {"objects.-1", 0, 0},
-        {"objects.1x", 0, 0},
-        {"cards.0", 0, 0},
-        {"children.0", 0, 0},
-        {"", 0, 0},
+        {"objects", 0, 0}, {"objects.x", 0, 0}, {"objects.-1", 0, 0}, {"objects.1x", 0, 0},
+        {"cards.0", 0, 0}, {"children.0", 0, 0}, {"", 0, 0},
     };
-    for (const Case& c : cases) {
-        const auto found = SpaceNodePath::leading(c.text);
-        ASSERT_EQ(found.has_value(), c.taken > 0) << c.text;
+    for (const auto& [text, taken, steps] : cases) {
+        const auto found = SpaceNodePath::leading(text);
+        ASSERT_EQ(found.has_value(), taken > 0) << text;
         if (!found) continue;
-        EXPECT_EQ(found->second, c.taken) << c.text;
-        EXPECT_EQ(found->first.steps.size(), c.steps) << c.text;
+        EXPECT_EQ(found->second, taken) << text;
+        EXPECT_EQ(found->first.steps.size(), steps) << text;
     }
     EXPECT_TRUE(SpaceNodePath::parse("objects.0.children.1"));
     EXPECT_FALSE(SpaceNodePath::parse("objects.0.children.1.color"));
@@ -41,11 +34,8 @@ TEST(SpaceNodePath, ReadsTheLongestNodeAtTheStart) {
 TEST(SpaceNodePath, FindsOnlyObjectNodes) {
     const JSONValue space = JSONValue::parse(
         R"({"lights": [{"type": "PointLight"}], "objects": [{"children": [5, {"type": "Mesh"}], "type": "Group"}]})");
-    struct Case {
-        const char* text;
-        const char* type; // null: no node
-    };
-    const Case cases[] = {
+    // The text, and the type of the node it finds (null: none).
+    const std::tuple<const char*, const char*> cases[] = {
         {"lights.0", "PointLight"},
         {"objects.0", "Group"},
         {"objects.0.children.1", "Mesh"},
@@ -54,11 +44,11 @@ TEST(SpaceNodePath, FindsOnlyObjectNodes) {
         {"objects.1", nullptr},
         {"lights.0.children.0", nullptr},
     };
-    for (const Case& c : cases) {
-        const JSONValue* node = SpaceNodePath::parse(c.text)->in(space);
-        ASSERT_EQ(node != nullptr, c.type != nullptr) << c.text;
+    for (const auto& [text, type] : cases) {
+        const JSONValue* node = SpaceNodePath::parse(text)->in(space);
+        ASSERT_EQ(node != nullptr, type != nullptr) << text;
         if (node) {
-            EXPECT_EQ(*node->at("type")->string(), c.type) << c.text;
+            EXPECT_EQ(*node->at("type")->string(), type) << text;
         }
     }
 }

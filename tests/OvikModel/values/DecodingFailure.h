@@ -1,5 +1,7 @@
 #pragma once
-// One refused JSON text: what the decoder must say about it, and where.
+// One refused JSON text: what the decoder must say about it, and where. The generic texts of
+// the JSON decoder are its own tests' business; a model test gives a text only for a message
+// the model words itself.
 #include <gtest/gtest.h>
 
 #include <string_view>
@@ -12,7 +14,7 @@ struct DecodingFailure {
     const char* json;
     DecodingError::Kind kind;
     const char* path;
-    const char* description;
+    const char* description = nullptr;
 };
 
 template <class T>
@@ -23,7 +25,9 @@ void expectRefused(const DecodingFailure& failure) {
     } catch (const DecodingError& error) {
         EXPECT_EQ(error.kind(), failure.kind) << failure.json;
         EXPECT_EQ(codingPathText(error.codingPath()), failure.path) << failure.json;
-        EXPECT_EQ(error.debugDescription(), failure.description) << failure.json;
+        if (failure.description) {
+            EXPECT_EQ(error.debugDescription(), failure.description) << failure.json;
+        }
     }
 }
 

@@ -51,12 +51,7 @@ TEST(TimeRange, JSONHasBothKeysRequired) {
     EXPECT_EQ(decodeJSON<OutputRange>(std::string_view(R"({"start":9,"end":3,"x":1})")),
               (OutputRange{OutputTime{9}, OutputTime{3}}));
 
-    const DecodingFailure failures[] = {
-        {R"({"start":0})", DecodingError::Kind::keyNotFound, "end", "No value associated with key \"end\"."},
-        {R"({"start":0.5,"end":1})", DecodingError::Kind::dataCorrupted, "start",
-         "Parsed JSON number <0.5> does not fit in Int."},
-    };
-    for (const DecodingFailure& failure : failures) expectRefused<SourceRange>(failure);
+    expectRefused<SourceRange>({R"({"start":0})", DecodingError::Kind::keyNotFound, "end"});
 }
 
 TEST(Timebase, DurationOfARecording) {
