@@ -2,6 +2,7 @@
 
 #include <cerrno>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <unistd.h>
 #include <utility>
 
@@ -29,6 +30,13 @@ FileDescriptor& FileDescriptor::operator=(FileDescriptor&& other) noexcept {
 
 FileDescriptor::~FileDescriptor() {
     if (fd_ >= 0) (void)::close(fd_);
+}
+
+bool FileDescriptor::tryLock() const noexcept {
+    int result;
+    do result = ::flock(fd_, LOCK_EX | LOCK_NB);
+    while (result != 0 && errno == EINTR);
+    return result == 0;
 }
 
 void FileDescriptor::close(const std::filesystem::path& path) {

@@ -17,6 +17,10 @@ public:
     ~FileDescriptor();
 
     int get() const { return fd_; }
+    /// Takes an exclusive advisory lock (flock) without waiting: false when another open file
+    /// holds it, or when the lock can't be taken at all (errno tells which). It lasts until the
+    /// descriptor is closed, and goes with the process however that ends.
+    bool tryLock() const noexcept;
     /// Closes and reports a failure (a delayed write error shows up here).
     void close(const std::filesystem::path& path);
 

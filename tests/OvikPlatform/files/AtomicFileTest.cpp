@@ -2,10 +2,12 @@
 
 #include <cerrno>
 #include <functional>
+#include <vector>
 
 #include "OvikPlatform/UUID.h"
 #include "OvikPlatform/files/AtomicFile.h"
 #include "OvikPlatform/files/PosixError.h"
+#include "OvikPlatform/files/SpecialFiles.h"
 #include "OvikPlatform/files/TemporaryFolder.h"
 
 namespace ovik {
@@ -39,11 +41,63 @@ TEST_F(AtomicFileTest, WriteIntoAMissingFolderFailsAndLeavesNothing) {
     EXPECT_TRUE(tree(folder).empty());
 }
 
-TEST_F(AtomicFileTest, AFailedRenameRemovesTheTemporaryFileAndKeepsTheTarget) {
-    // A folder with content can't be replaced by a file: the rename fails after the write.
-    std::filesystem::create_directories(folder / "draft.json" / "inner");
-    EXPECT_EQ(errorCode([&] { AtomicFile::write("x", folder / "draft.json"); }), EISDIR);
-    EXPECT_EQ(tree(folder), (std::set<std::string>{"draft.json", "draft.json/inner"}));
+TEST_F(AtomicFileTest, WhatIsNotAPlainFileIsRefusedAndLeftAsItWas) {
+    for (const testing::SpecialFile& special : testing::specialFiles) {
+        SCOPED_TRACE(special.name);
+        const std::filesystem::path target = folder / "out.png";
+        special.make(target);
+        const int expected = special.type == std::filesystem::file_type::directory ? EISDIR : ENXIO;
+        EXPECT_EQ(errorCode([&] { AtomicFile::write("x", target); }), expected);
+        EXPECT_EQ(std::filesystem::symlink_status(target).type(), special.type);
+        EXPECT_EQ(tree(folder), std::set<std::string>{"out.png"});
+        std::filesystem::remove(target);
+    }
+}
+
+// Replacing a device node would take it from every program of the machine; nothing is even
+// made beside it.
+TEST_F(AtomicFileTest, ADeviceIsRefusedAlsoThroughALink) {
+    const auto madeBeside = [] {
+        for (const auto& entry : std::filesystem::directory_iterator("/dev"))
+            if (entry.path().filename().string().starts_with(".null.")) return true;
+        return false;
+    };
+    std::filesystem::create_symlink("/dev/null", folder / "out.png");
+    for (const std::filesystem::path& target : {std::filesystem::path("/dev/null"), folder / "out.png"}) {
+        EXPECT_EQ(errorCode([&] { AtomicFile::write("x", target); }), ENXIO) << target;
+        EXPECT_TRUE(std::filesystem::is_character_file("/dev/null"));
+    }
+    EXPECT_FALSE(madeBeside());
+    EXPECT_EQ(std::filesystem::read_symlink(folder / "out.png"), "/dev/null");
+}
+
+TEST_F(AtomicFileTest, ALinkIsFollowedItsTargetReplacedAndTheLinkKept) {
+    struct Case {
+        const char* name;
+        std::vector<std::pair<const char*, const char*>> links; // name, what it holds
+        const char* target;                                      // the file that gets the bytes
+    };
+    const Case cases[] = {
+        {"to a file", {{"out.png", "shots/kept.png"}}, "shots/kept.png"},
+        {"to nothing yet", {{"out.png", "shots/new.png"}}, "shots/new.png"},
+        {"through a linked folder", {{"out.png", "via/kept.png"}, {"via", "shots"}}, "shots/kept.png"},
+        {"to a link", {{"out.png", "shots/again.png"}, {"shots/again.png", "kept.png"}}, "shots/kept.png"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        std::filesystem::create_directories(folder / "shots");
+        writeText(folder / "shots/kept.png", "old");
+        for (const auto& [name, held] : c.links) std::filesystem::create_symlink(held, folder / name);
+        const auto before = tree(folder);
+
+        AtomicFile::write("new", folder / "out.png");
+        EXPECT_EQ(readText(folder / c.target), "new");
+        for (const auto& [name, held] : c.links) EXPECT_EQ(std::filesystem::read_symlink(folder / name), held);
+        auto after = before;
+        after.insert(c.target);
+        EXPECT_EQ(tree(folder), after);
+        for (const auto& entry : std::filesystem::directory_iterator(folder)) std::filesystem::remove_all(entry.path());
+    }
 }
 
 TEST_F(AtomicFileTest, TemporaryNameIsHiddenUniqueAndBesideTheTarget) {
