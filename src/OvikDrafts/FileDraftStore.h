@@ -45,7 +45,8 @@ public:
     /// Reads the package's draft, lets `change` edit it, and writes it back when `change`
     /// answers true, all under the writer lock, so that no other writer's change made
     /// meanwhile is lost. Answers what `change` answered. Throws what `readDraft` and
-    /// `writeDraft` throw; `change` isn't called when the lock or the draft can't be had.
+    /// `writeDraft` throw; `change` isn't called when the lock or the draft can't be had. The
+    /// lock is one per call, so `change` must not write this package itself.
     static bool update(const std::filesystem::path& package, const std::function<bool(Draft&)>& change,
                        std::chrono::milliseconds wait = writerLockWait);
 };

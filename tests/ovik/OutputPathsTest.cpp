@@ -54,20 +54,5 @@ TEST_F(OutputPaths, EveryCommandThatWritesRefusesWhatIsNotAPlainFile) {
     EXPECT_EQ(run(writers()[1], "/dev/null").err, "Can't write “/dev/null”: “null” isn't an ordinary file.\n");
 }
 
-TEST_F(OutputPaths, ALinkAtTheOutputPathKeepsPointingAtTheNewPicture) {
-    fs::create_directory(folder / "shots");
-    writeText(folder / "shots/kept.png", "old");
-    fs::create_symlink("shots/kept.png", folder / "out.png");
-    for (const Writer& writer : writers()) {
-        SCOPED_TRACE(writer.name);
-        const CommandResult result = run(writer, folder / "out.png");
-        EXPECT_EQ(result.status, 0) << result.err;
-        EXPECT_EQ(readText(folder / "shots/kept.png").substr(1, 3), "PNG");
-        EXPECT_EQ(fs::read_symlink(folder / "out.png"), "shots/kept.png");
-        EXPECT_EQ(tree(folder), (std::set<std::string>{"out.png", "shots", "shots/kept.png"}));
-        writeText(folder / "shots/kept.png", "old");
-    }
-}
-
 } // namespace
 } // namespace ovik::testing
