@@ -64,6 +64,16 @@ void removeIfLeftover(const std::filesystem::path& path, std::chrono::seconds mi
     if (isOlderThan(status, minimumAge) && file.tryLock()) (void)::unlink(path.c_str());
 }
 
+// Whether `name` is one that `temporaryURL` gives: "." + at least one character + "." + UUID
+// + ".tmp".
+bool isTemporaryName(std::string_view name) {
+    if (name.size() < 3 + uuidLength + temporarySuffix.size() || !name.starts_with('.') || !name.ends_with(temporarySuffix))
+        return false;
+    const std::string_view uuid = name.substr(name.size() - temporarySuffix.size() - uuidLength, uuidLength);
+    const auto parsed = UUID::parse(uuid);
+    return name[name.size() - temporarySuffix.size() - uuidLength - 1] == '.' && parsed && parsed->uuidString() == uuid;
+}
+
 // The rename has happened by then; a folder that can't be synced (some file systems refuse)
 // must not turn a completed replacement into a reported failure.
 void syncFolder(const std::filesystem::path& folder) {
@@ -100,15 +110,6 @@ void write(const std::vector<std::uint8_t>& data, const std::filesystem::path& t
 std::filesystem::path temporaryURL(const std::filesystem::path& beside) {
     return beside.parent_path() /
            ("." + beside.filename().string() + "." + UUID::random().uuidString() + std::string(temporarySuffix));
-}
-
-bool isTemporaryName(std::string_view name) {
-    // "." + at least one character + "." + UUID + ".tmp"
-    if (name.size() < 3 + uuidLength + temporarySuffix.size() || !name.starts_with('.') || !name.ends_with(temporarySuffix))
-        return false;
-    const std::string_view uuid = name.substr(name.size() - temporarySuffix.size() - uuidLength, uuidLength);
-    const auto parsed = UUID::parse(uuid);
-    return name[name.size() - temporarySuffix.size() - uuidLength - 1] == '.' && parsed && parsed->uuidString() == uuid;
 }
 
 void removeLeftovers(const std::filesystem::path& folder, std::chrono::seconds minimumAge) {

@@ -22,9 +22,6 @@ void write(const std::vector<std::uint8_t>& data, const std::filesystem::path& t
 /// "." + the target's name + "." + a new UUID + ".tmp", in the target's folder.
 std::filesystem::path temporaryURL(const std::filesystem::path& beside);
 
-/// Whether `name` is one that `temporaryURL` gives.
-bool isTemporaryName(std::string_view name);
-
 /// Removes from `folder` (not below it) what interrupted writes left: plain files with a
 /// temporary name, unchanged for `minimumAge`, whose writer no longer holds them. A write holds
 /// its temporary file locked until its rename, and the lock goes with a killed process; the

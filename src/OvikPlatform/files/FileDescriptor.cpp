@@ -39,9 +39,4 @@ bool FileDescriptor::tryLock() const noexcept {
     return result == 0;
 }
 
-void FileDescriptor::close(const std::filesystem::path& path) {
-    const int fd = std::exchange(fd_, -1);
-    if (fd >= 0 && ::close(fd) != 0) throw PosixError::fromErrno(path);
-}
-
 } // namespace ovik

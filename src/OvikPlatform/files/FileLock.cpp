@@ -1,5 +1,6 @@
 #include "OvikPlatform/files/FileLock.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
 #include <thread>
