@@ -1,14 +1,17 @@
 #include "OvikDrafts/FileDraftStore.h"
 
+#include <cerrno>
 #include <optional>
 
 #include "OvikDrafts/DraftPackage.h"
 #include "OvikDrafts/DraftPaths.h"
 #include "OvikDrafts/DraftStoreError.h"
 #include "OvikDrafts/LocalizedDescription.h"
+#include "OvikL10n/L10n.h"
 #include "OvikModel/DraftJSON.h"
 #include "OvikModel/SchemaProbe.h"
 #include "OvikPlatform/files/AtomicFile.h"
+#include "OvikPlatform/files/FileLock.h"
 #include "OvikPlatform/files/PosixError.h"
 #include "OvikPlatform/files/ReadFile.h"
 #include "OvikPlatform/files/ResolvedPath.h"
@@ -89,6 +92,29 @@ Draft draftIn(const std::filesystem::path& package, const std::filesystem::path&
     return decodedDraft(bytes, package);
 }
 
+// Writers of a package take turns on a lock of the package folder: the one inode that stays
+// while draft.json is replaced by a rename, and no file of ours to leave behind. Readers take
+// no lock, since the rename hands them the old file or the new one whole.
+FileLock writerLock(const std::filesystem::path& package, std::chrono::milliseconds wait) {
+    try {
+        return FileLock::acquire(package, wait);
+    } catch (const PosixError& error) {
+        if (error.code() == EWOULDBLOCK)
+            throw DraftStoreFailure(DraftStoreError::writeFailed{L10n::format("drafts.lock.busy", {packageName(package)})});
+        throw DraftStoreFailure(storeError(error));
+    }
+}
+
+// Called with the writer lock held: no other draft write of this package is under way.
+void writeLocked(const Draft& draft, const std::filesystem::path& package) {
+    try {
+        AtomicFile::removeLeftovers(package, FileDraftStore::leftoverMinimumAge);
+        AtomicFile::write(DraftJSON::encode(draft, true), package / DraftPackage::draftFileName);
+    } catch (const std::exception& error) {
+        throw DraftStoreFailure(storeError(error));
+    }
+}
+
 } // namespace
 
 Draft FileDraftStore::readDraft(const std::filesystem::path& package, PackageContainment::Test inside) {
@@ -102,12 +128,19 @@ DraftDocument FileDraftStore::open(const std::filesystem::path& package, Package
     return DraftDocument{std::move(draft), root};
 }
 
-void FileDraftStore::writeDraft(const Draft& draft, const std::filesystem::path& package) {
-    try {
-        AtomicFile::write(DraftJSON::encode(draft, true), package / DraftPackage::draftFileName);
-    } catch (const std::exception& error) {
-        throw DraftStoreFailure(storeError(error));
-    }
+void FileDraftStore::writeDraft(const Draft& draft, const std::filesystem::path& package,
+                                std::chrono::milliseconds wait) {
+    const FileLock lock = writerLock(package, wait);
+    writeLocked(draft, package);
+}
+
+bool FileDraftStore::update(const std::filesystem::path& package, const std::function<bool(Draft&)>& change,
+                            std::chrono::milliseconds wait) {
+    const FileLock lock = writerLock(package, wait);
+    Draft draft = readDraft(package);
+    if (!change(draft)) return false;
+    writeLocked(draft, package);
+    return true;
 }
 
 } // namespace ovik

@@ -1,8 +1,10 @@
 #pragma once
 // The store of draft packages: reading and writing the draft file of one package, and the one
 // way a package is opened for reading its files, which every host shares.
+#include <chrono>
 #include <cstddef>
 #include <filesystem>
+#include <functional>
 
 #include "OvikDrafts/PackageContainment.h"
 #include "OvikModel/Draft.h"
@@ -28,9 +30,25 @@ public:
     static DraftDocument open(const std::filesystem::path& package,
                               PackageContainment::Test inside = PackageContainment::isInside);
 
-    /// Replaces `package`/draft.json atomically with the draft, pretty-printed. Throws
-    /// `DraftStoreFailure` (`writeFailed`); a failure leaves the old file untouched.
-    static void writeDraft(const Draft& draft, const std::filesystem::path& package);
+    /// How long a writer waits for another writer of the same package to finish.
+    static constexpr std::chrono::milliseconds writerLockWait{10000};
+    /// How old a temporary file of another write must be before a writer may clear it away.
+    static constexpr std::chrono::seconds leftoverMinimumAge{5};
+
+    /// Replaces `package`/draft.json atomically with the draft, pretty-printed, while holding
+    /// the package's writer lock, and first clears away the temporary files that killed writes
+    /// left in the package. Throws `DraftStoreFailure` (`writeFailed`), also when another
+    /// writer holds the lock for longer than `wait`; a failure leaves the old file untouched.
+    static void writeDraft(const Draft& draft, const std::filesystem::path& package,
+                           std::chrono::milliseconds wait = writerLockWait);
+
+    /// Reads the package's draft, lets `change` edit it, and writes it back when `change`
+    /// answers true, all under the writer lock, so that no other writer's change made
+    /// meanwhile is lost. Answers what `change` answered. Throws what `readDraft` and
+    /// `writeDraft` throw; `change` isn't called when the lock or the draft can't be had. The
+    /// lock is one per call, so `change` must not write this package itself.
+    static bool update(const std::filesystem::path& package, const std::function<bool(Draft&)>& change,
+                       std::chrono::milliseconds wait = writerLockWait);
 };
 
 } // namespace ovik

@@ -9,9 +9,9 @@
 #include "Command.h"
 #include "OvikCompositor/LiveRendering.h"
 #include "OvikDrafts/FileDraftStore.h"
+#include "OvikDrafts/OutputFile.h"
 #include "OvikL10n/L10n.h"
 #include "OvikPlatform/codecs/PNGCodec.h"
-#include "OvikPlatform/files/AtomicFile.h"
 
 namespace ovik::cli {
 namespace {
@@ -45,7 +45,7 @@ CGImage joined(const std::vector<ImageBox>& pictures) {
 void run(const FilmstripOptions& options) {
     const DraftDocument document = FileDraftStore::open(options.package);
     const CGImage strip = joined(LiveRendering::shared().filmstrip(document, options.count, options.height));
-    AtomicFile::write(PNGCodec::encode(strip), options.output);
+    writeOutputFile(PNGCodec::encode(strip), options.output);
     const std::string size = std::to_string(strip.width()) + " × " + std::to_string(strip.height());
     std::printf("%s\n", L10n::format("cli.render.written", {options.output, size}).c_str());
 }

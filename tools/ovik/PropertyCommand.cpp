@@ -2,6 +2,7 @@
 
 #include <cstdio>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "Command.h"
@@ -36,15 +37,15 @@ void get(const PropertyOptions& options) {
     std::printf("%s\n", value->compact().c_str());
 }
 
+// Read, changed and written under the package's writer lock: a `set` running at the same
+// time in another process waits for this one, and neither change is lost.
 void set(const PropertyOptions& options) {
-    Draft draft = FileDraftStore::readDraft(options.package);
-    const auto undo = setProperty(draft, typedValue(options.value), PropertyPath::parse(options.path, draft));
-    if (!undo) {
-        std::printf("%s\n", L10n::text("cli.property.unchanged").c_str());
-        return;
-    }
-    FileDraftStore::writeDraft(draft, options.package);
-    std::printf("%s\n", undo->c_str());
+    std::optional<std::string> undo;
+    FileDraftStore::update(options.package, [&](Draft& draft) {
+        undo = setProperty(draft, typedValue(options.value), PropertyPath::parse(options.path, draft));
+        return undo.has_value();
+    });
+    std::printf("%s\n", undo ? undo->c_str() : L10n::text("cli.property.unchanged").c_str());
 }
 
 } // namespace

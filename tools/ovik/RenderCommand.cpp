@@ -8,9 +8,9 @@
 #include "Command.h"
 #include "OvikCompositor/LiveRendering.h"
 #include "OvikDrafts/FileDraftStore.h"
+#include "OvikDrafts/OutputFile.h"
 #include "OvikL10n/L10n.h"
 #include "OvikPlatform/codecs/PNGCodec.h"
-#include "OvikPlatform/files/AtomicFile.h"
 
 namespace ovik::cli {
 namespace {
@@ -26,7 +26,7 @@ void run(const RenderOptions& options) {
     const DraftDocument document = FileDraftStore::open(options.package);
     const std::optional<OutputTime> at = options.at ? std::optional(OutputTime{*options.at}) : std::nullopt;
     const ImageBox still = LiveRendering::shared().still(document, at, options.size);
-    AtomicFile::write(PNGCodec::encode(*still.cgImage), options.output);
+    writeOutputFile(PNGCodec::encode(*still.cgImage), options.output);
     std::printf("%s\n", L10n::format("cli.render.written", {options.output, still.pixelSize().description()}).c_str());
 }
 

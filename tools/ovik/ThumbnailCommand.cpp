@@ -6,9 +6,9 @@
 #include <string>
 
 #include "Command.h"
+#include "OvikDrafts/OutputFile.h"
 #include "OvikL10n/L10n.h"
 #include "OvikPlatform/codecs/PNGCodec.h"
-#include "OvikPlatform/files/AtomicFile.h"
 #include "OvikPlatform/json/JSONWriter.h"
 #include "OvikQuickLookThumbnail/ThumbnailHost.h"
 
@@ -56,7 +56,7 @@ void report(const HostedThumbnail& thumbnail, const ThumbnailOptions& options) {
 void run(const ThumbnailOptions& options) {
     const ThumbnailRequest request{options.package, boxSize(options.size), options.scale};
     const HostedThumbnail thumbnail = ThumbnailHost::answer(request);
-    AtomicFile::write(PNGCodec::encode(thumbnail.image), options.output);
+    writeOutputFile(PNGCodec::encode(thumbnail.image), options.output);
     report(thumbnail, options);
 }
 

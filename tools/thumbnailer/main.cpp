@@ -7,8 +7,8 @@
 #include <cstdio>
 #include <string>
 
+#include "OvikDrafts/OutputFile.h"
 #include "OvikPlatform/codecs/PNGCodec.h"
-#include "OvikPlatform/files/AtomicFile.h"
 #include "OvikQuickLookThumbnail/ThumbnailHost.h"
 
 namespace {
@@ -56,7 +56,7 @@ int main(int argc, char** argv) {
     try {
         const ovik::ThumbnailRequest request{localPath(input), {double(size), double(size)}, 1};
         const ovik::HostedThumbnail thumbnail = ovik::ThumbnailHost::answer(request);
-        ovik::AtomicFile::write(ovik::PNGCodec::encode(thumbnail.image), output);
+        ovik::writeOutputFile(ovik::PNGCodec::encode(thumbnail.image), output);
     } catch (const std::exception& error) {
         std::fprintf(stderr, "%s: %s\n", input.c_str(), error.what());
         return 1;

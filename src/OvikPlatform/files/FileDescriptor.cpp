@@ -2,6 +2,7 @@
 
 #include <cerrno>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <unistd.h>
 #include <utility>
 
@@ -31,9 +32,11 @@ FileDescriptor::~FileDescriptor() {
     if (fd_ >= 0) (void)::close(fd_);
 }
 
-void FileDescriptor::close(const std::filesystem::path& path) {
-    const int fd = std::exchange(fd_, -1);
-    if (fd >= 0 && ::close(fd) != 0) throw PosixError::fromErrno(path);
+bool FileDescriptor::tryLock() const noexcept {
+    int result;
+    do result = ::flock(fd_, LOCK_EX | LOCK_NB);
+    while (result != 0 && errno == EINTR);
+    return result == 0;
 }
 
 } // namespace ovik

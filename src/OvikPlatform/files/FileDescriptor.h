@@ -13,12 +13,14 @@ public:
     FileDescriptor& operator=(FileDescriptor&& other) noexcept;
     FileDescriptor(const FileDescriptor&) = delete;
     FileDescriptor& operator=(const FileDescriptor&) = delete;
-    /// Closes without a report: the paths that care call `close` first.
+    /// Closes without a report: a writer that cares learns of write errors from fsync.
     ~FileDescriptor();
 
     int get() const { return fd_; }
-    /// Closes and reports a failure (a delayed write error shows up here).
-    void close(const std::filesystem::path& path);
+    /// Takes an exclusive advisory lock (flock) without waiting: false when another open file
+    /// holds it, or when the lock can't be taken at all (errno tells which). It lasts until the
+    /// descriptor is closed, and goes with the process however that ends.
+    bool tryLock() const noexcept;
 
 private:
     explicit FileDescriptor(int fd) : fd_(fd) {}
