@@ -42,7 +42,7 @@ void RowReducer::emitRow() {
 
 CGImage RowReducer::finish() {
     if (rowsGathered_ > 0) emitRow();
-    if (rowsOut_ != outHeight_) throw ImageCodecError("Fewer rows than the picture holds");
+    if (rowsAdded_ != height_) throw ImageCodecError("Fewer rows than the picture holds");
     return CGImage(outWidth_, outHeight_, outWidth_ * 4, std::move(pixels_));
 }
 
