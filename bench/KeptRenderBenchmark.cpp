@@ -5,7 +5,7 @@
 // (from wait4) beside its time. The baseline is the same thumbnail of a 1920x1080 kept render.
 //
 // Huge (16000x16000, a 1 MB file) is refused from its header: 256 pixels can't show it.
-// LargestAllowed (4096x4096) is the largest picture a 256-pixel thumbnail decodes, row by
+// LargestAllowed (5792x5792) is the largest picture a 256-pixel thumbnail decodes, row by
 // row. The paired benchmarks run subject and baseline in turn inside each iteration and report
 // the medians of the quotients of time and of peak memory.
 #include <benchmark/benchmark.h>
@@ -51,16 +51,16 @@ Measured thumbnail(const fs::path& package) {
             double(usage.ru_maxrss) / 1024};
 }
 
-// The example package that keeps thumbnails, with its 320-pixel one replaced by a picture of
-// `width` x `height` made by ffmpeg; made once per run.
-fs::path keptPackage(const std::string& name, const std::string& source, int width, int height) {
+// The example package that keeps thumbnails, with its 320-pixel one replaced by the picture of
+// an ffmpeg `source`; made once per run.
+fs::path keptPackage(const std::string& name, const std::string& source) {
     const fs::path root = workFolder / (name + ".ovikwork");
     fs::remove_all(root);
+    fs::create_directories(workFolder);
     fs::copy(fs::path(OVIK_EXAMPLES) / "kept.ovikwork", root, fs::copy_options::recursive);
     for (const auto& entry : fs::recursive_directory_iterator(root)) {
         if (entry.path().filename() != "thumbnail-320.png") continue;
-        const std::string command = "ffmpeg -nostdin -v error -y -f lavfi -i " + source + "=s=" +
-                                    std::to_string(width) + "x" + std::to_string(height) + " -frames:v 1 " +
+        const std::string command = "ffmpeg -nostdin -v error -y -f lavfi -i " + source + " -frames:v 1 " +
                                     entry.path().string() + " </dev/null";
         if (std::system(command.c_str()) != 0) std::abort();
         return root;
@@ -69,15 +69,15 @@ fs::path keptPackage(const std::string& name, const std::string& source, int wid
 }
 
 const fs::path& hdPackage() {
-    static const fs::path package = keptPackage("hd", "testsrc2", 1920, 1080);
+    static const fs::path package = keptPackage("hd", "testsrc2=s=1920x1080");
     return package;
 }
 const fs::path& hugePackage() {
-    static const fs::path package = keptPackage("huge", "color=c=red", 16000, 16000);
+    static const fs::path package = keptPackage("huge", "color=c=red:s=16000x16000");
     return package;
 }
 const fs::path& largestAllowedPackage() {
-    static const fs::path package = keptPackage("largest", "testsrc2", 4096, 4096);
+    static const fs::path package = keptPackage("largest", "testsrc2=s=5792x5792");
     return package;
 }
 

@@ -16,11 +16,12 @@ constexpr std::int64_t maximumSide = 32768;
 constexpr std::int64_t maximumPixels = std::int64_t(1) << 28;
 
 /// The most pixels a picture shown `longSide` pixels on its long side may have: eight times
-/// that side each way (64 times its square), at least 2^24 (a square of 4096, so that common
-/// photos and screenshots serve any thumbnail), at most `maximumPixels`.
+/// that side each way (64 times its square), at least 2^25 (a square of 5792, so that the
+/// screenshots of the largest screens, 7680 × 4320, serve any thumbnail), at most
+/// `maximumPixels`.
 constexpr std::int64_t pixelsFor(std::int64_t longSide) {
     const std::int64_t side = std::clamp<std::int64_t>(longSide, 1, maximumSide);
-    return std::clamp<std::int64_t>(64 * side * side, std::int64_t(1) << 24, maximumPixels);
+    return std::clamp<std::int64_t>(64 * side * side, std::int64_t(1) << 25, maximumPixels);
 }
 
 /// Throws `ImageCodecError`, naming `format`, for an empty size or one beyond the limits.

@@ -129,7 +129,7 @@ TEST(ReducedDecode, KeepsTheQuadrantsAtTheSizeAsked) {
 
 TEST(ReducedDecode, PixelLimitGrowsWithTheSizeAsked) {
     const std::pair<std::int64_t, std::int64_t> cases[] = {
-        {0, 1 << 24}, {1, 1 << 24}, {512, 1 << 24}, {513, 64 * 513 * 513}, {2048, 1 << 28}, {std::int64_t(1) << 40, 1 << 28},
+        {0, 1 << 25}, {1, 1 << 25}, {724, 1 << 25}, {725, 64 * 725 * 725}, {2048, 1 << 28}, {std::int64_t(1) << 40, 1 << 28},
     };
     for (const auto& [longSide, pixels] : cases) EXPECT_EQ(ImageLimits::pixelsFor(longSide), pixels) << longSide;
 }
