@@ -61,6 +61,10 @@ std::int64_t seekTo(void* opaque, std::int64_t offset, int whence) {
     return at < 0 ? AVERROR(errno) : std::int64_t(at);
 }
 
+// A movie is read from its one file: a playlist or a reference inside it that names another
+// file or an address is refused rather than opened, since that file escapes every check.
+int refuseOtherFiles(AVFormatContext*, AVIOContext**, const char*, int, AVDictionary**) { return AVERROR(EPERM); }
+
 } // namespace
 
 struct MovieFile::Input {
@@ -99,6 +103,7 @@ MovieFile::MovieFile(const std::filesystem::path& path, Analysis analysis) {
     }
     opened->pb = input_->io;
     opened->flags |= AVFMT_FLAG_CUSTOM_IO;
+    opened->io_open = refuseOtherFiles;
     // The path still names the input: its extension helps guess the container.
     if (const int code = avformat_open_input(&opened, path.c_str(), nullptr, nullptr); code < 0)
         throw MediaError(MediaError::Kind::unreadable, errorText(code), path);

@@ -4,7 +4,8 @@
 // are the file's own presentation times, not shifted to start at 0.
 //
 // The file is opened by us, without waiting, and must be a plain file; FFmpeg reads that same
-// descriptor, so a FIFO or a device put where a movie should be is refused at once.
+// descriptor, so a FIFO or a device put where a movie should be is refused at once. Nothing
+// else is opened: a playlist that names other files reads as a movie that can't be read.
 #include <cstdint>
 #include <filesystem>
 #include <memory>

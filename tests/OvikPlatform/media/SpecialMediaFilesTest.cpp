@@ -43,5 +43,23 @@ TEST_F(SpecialMediaFiles, AreRefusedAtOnceAsUnreadable) {
     ::alarm(0);
 }
 
+// A playlist is a movie whose pictures are other files: opening them would escape the check
+// of the one file named, so the movie is unreadable, whatever its parts are.
+TEST_F(SpecialMediaFiles, AMovieThatNamesOtherFilesIsUnreadable) {
+    testing::makeFIFO(folder / "part.ts");
+    const fs::path playlist = folder / "movie.mov";
+    writeText(playlist, "#EXTM3U\n#EXT-X-TARGETDURATION:1\n#EXTINF:1,\npart.ts\n#EXT-X-ENDLIST\n");
+    const auto flags = std::make_shared<ReadFlags>();
+    flags->patience.wait = std::chrono::seconds(30);
+    ::alarm(20);
+    try {
+        (void)VideoFrames(playlist, flags).frame({});
+        ADD_FAILURE() << "read a playlist";
+    } catch (const MediaError& error) {
+        EXPECT_EQ(error.kind(), MediaError::Kind::unreadable) << error.what();
+    }
+    ::alarm(0);
+}
+
 } // namespace
 } // namespace ovik
