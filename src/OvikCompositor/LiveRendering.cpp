@@ -24,6 +24,13 @@ std::int64_t frameLongSide(const CanvasLayout& layout, double scale) {
     return std::max<std::int64_t>(std::llround(std::ceil(side)), 1);
 }
 
+// The long side a still's pictures need: the capture as drawn, or the whole output for a
+// background that covers it.
+std::int64_t pictureLongSide(const CanvasLayout& layout, double scale) {
+    const PixelSize output = layout.pixelSize(scale, false);
+    return std::max({frameLongSide(layout, scale), output.width, output.height});
+}
+
 // A reader of the frames a scene draws, taking a frame up to `tolerance` µs early.
 RecordingFrames framesOf(const FrameScene& scene, std::int64_t tolerance) {
     RecordingFrames reader;
@@ -80,8 +87,12 @@ std::vector<ImageBox> LiveRendering::stills(const DraftDocument& document,
             continue;
         }
         if (!scene) {
-            prepared = prepare(document);
-            scene.emplace(graph_, *prepared, canvasScale(prepared->layout, size), FrameColors::pictures);
+            // A still of a given size decodes its pictures no larger than it draws them.
+            const CanvasLayout layout = CanvasLayout::make(document.draft);
+            const double scale = canvasScale(layout, size);
+            prepared = PreparedDraft::prepare(document, pictures_, std::nullopt,
+                                              size.pixels ? std::optional(pictureLongSide(layout, scale)) : std::nullopt);
+            scene.emplace(graph_, *prepared, scale, FrameColors::pictures);
         }
         out.push_back(finished(*scene, stillMoment(document, *scene, at)));
         if (cached) keep(key, out.back());

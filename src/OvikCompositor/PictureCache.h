@@ -1,10 +1,12 @@
 #pragma once
-// Decoded package pictures by file, shared between drafts so that a wallpaper or sticker is
-// not decoded again: at most 16, the least recently used leaving first.
+// Decoded package pictures by file and the long side they were decoded for (a thumbnail's
+// pictures come reduced), shared between drafts so that a wallpaper or sticker is not decoded
+// again: at most 16, the least recently used leaving first.
 #include <filesystem>
 #include <map>
 #include <mutex>
 #include <optional>
+#include <utility>
 
 #include "OvikModel/values/ImageBox.h"
 
@@ -14,8 +16,11 @@ class PictureCache {
 public:
     static constexpr std::size_t capacity = 16;
 
-    std::optional<ImageBox> value(const std::filesystem::path& url);
-    void insert(const std::filesystem::path& url, ImageBox image);
+    /// A file and the long side its picture was decoded for.
+    using Key = std::pair<std::filesystem::path, std::int64_t>;
+
+    std::optional<ImageBox> value(const Key& key);
+    void insert(const Key& key, ImageBox image);
 
 private:
     struct Entry {
@@ -23,7 +28,7 @@ private:
         std::int64_t lastUse = 0;
     };
     std::mutex lock_;
-    std::map<std::filesystem::path, Entry> entries_;
+    std::map<Key, Entry> entries_;
     std::int64_t clock_ = 0;
 };
 

@@ -6,16 +6,17 @@
 #include "OvikModel/draft/PicturePaths.h"
 #include "OvikModel/time/DraftTiming.h"
 #include "OvikPlatform/codecs/ImageDecoder.h"
+#include "OvikPlatform/codecs/ImageLimits.h"
 #include "OvikPlatform/image/ImageColor.h"
 
 namespace ovik {
 namespace {
 
 // A picture of the package, through the cache; throws what decoding throws.
-ImageBox picture(const std::filesystem::path& url, PictureCache& cache) {
-    if (auto kept = cache.value(url)) return *kept;
-    ImageBox box{std::make_shared<const CGImage>(ImageDecoder::read(url))};
-    cache.insert(url, box);
+ImageBox picture(const PictureCache::Key& key, PictureCache& cache) {
+    if (auto kept = cache.value(key)) return *kept;
+    ImageBox box{std::make_shared<const CGImage>(ImageDecoder::read(key.first, key.second))};
+    cache.insert(key, box);
     return box;
 }
 
@@ -58,10 +59,12 @@ std::map<MediaID, Image> readMedia(const Draft& draft, const PreparedDraft::Pict
 
 } // namespace
 
-PreparedDraft PreparedDraft::prepare(const DraftDocument& document, PictureCache& cache, const std::optional<Style>& style) {
+PreparedDraft PreparedDraft::prepare(const DraftDocument& document, PictureCache& cache, const std::optional<Style>& style,
+                                     std::optional<std::int64_t> pictureLongSide) {
     Draft draft = document.draft;
     if (style) draft.style = *style;
-    return prepare(std::move(draft), [&](const PackagePath& path) { return picture(document.url(path), cache); });
+    const std::int64_t longSide = pictureLongSide.value_or(ImageLimits::maximumSide);
+    return prepare(std::move(draft), [&](const PackagePath& path) { return picture({document.url(path), longSide}, cache); });
 }
 
 PreparedDraft PreparedDraft::prepare(Draft draft, const PictureReader& read) {

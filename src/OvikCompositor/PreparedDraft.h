@@ -39,9 +39,12 @@ struct PreparedDraft {
     using PictureReader = std::function<ImageBox(const PackagePath&)>;
 
     /// The document's draft, with `style` in place of its own when one is given, its pictures
-    /// read through `cache`.
+    /// read through `cache`: whole, or reduced to what shows `pictureLongSide` pixels on their
+    /// long side (`ImageDecoder::decode`), which also refuses from the header a picture far
+    /// larger than that.
     static PreparedDraft prepare(const DraftDocument& document, PictureCache& cache,
-                                 const std::optional<Style>& style = std::nullopt);
+                                 const std::optional<Style>& style = std::nullopt,
+                                 std::optional<std::int64_t> pictureLongSide = std::nullopt);
     /// Throws `RenderFailure` (`sourceUnreadable`) when a screenshot can't be read; a picture
     /// of an object or the background that can't be read is only left out.
     static PreparedDraft prepare(Draft draft, const PictureReader& read);

@@ -22,17 +22,22 @@ CGImage drawn(const ThumbnailReply& reply, double scale) {
     return context.makeImage();
 }
 
-// A host shows a kept file fitted into its box, keeping the file's aspect.
+// A host shows a kept file fitted into its box, keeping the file's aspect. The file is decoded
+// no larger than the box needs, and one far larger than the box could show is refused from its
+// header.
 CGImage fitted(const std::filesystem::path& file, const ThumbnailRequest& request) {
-    CGImage kept = [&] {
+    const CGSize box{request.maximumSize.width * request.scale, request.maximumSize.height * request.scale};
+    CGSize size;
+    const CGImage kept = [&] {
         try {
-            return PNGCodec::decode(readFile(file));
+            const std::string bytes = readFile(file);
+            const ImageProperties header = PNGCodec::properties(bytes);
+            size = ThumbnailProvider::contextSize({header.width, header.height}, box);
+            return PNGCodec::decode(bytes, std::int64_t(std::max(size.width, size.height)));
         } catch (const Error&) {
             throw QuickLookFailure();
         }
     }();
-    const CGSize box{request.maximumSize.width * request.scale, request.maximumSize.height * request.scale};
-    const CGSize size = ThumbnailProvider::contextSize({kept.width(), kept.height()}, box);
     CGContext context(std::int64_t(size.width), std::int64_t(size.height));
     context.setInterpolationQuality(CGContext::InterpolationQuality::high);
     context.draw(kept, CGRect{{0, 0}, size});

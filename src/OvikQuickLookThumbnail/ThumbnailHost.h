@@ -19,7 +19,8 @@ struct HostedThumbnail {
 
 namespace ThumbnailHost {
 
-/// Throws `QuickLookFailure` when the package can't be read, or the kept file isn't a PNG.
+/// Throws `QuickLookFailure` when the package can't be read, or the kept file isn't a PNG
+/// that the box can show (one far larger is refused from its header, as `PNGCodec` decides).
 HostedThumbnail answer(const ThumbnailRequest& request);
 
 } // namespace ThumbnailHost

@@ -19,6 +19,13 @@ CGImage decode(std::string_view bytes);
 /// `decode` of a file's bytes; throws `PosixError` when the file can't be read.
 CGImage read(const std::filesystem::path& path);
 
+/// The picture reduced by a whole factor to what shows `longSide` pixels on its long side: its
+/// long side at least that (unless the picture is smaller) and less than twice that. PNG and
+/// JPEG pictures are reduced as they are decoded. Throws as `decode` does, and from the header
+/// alone for a picture beyond `ImageLimits::pixelsFor(longSide)`.
+CGImage decode(std::string_view bytes, std::int64_t longSide);
+CGImage read(const std::filesystem::path& path, std::int64_t longSide);
+
 /// The format, the shown size and the declared resolution, without decoding the pixels. Throws
 /// `ImageCodecError` as `decode` does for the header: unknown, damaged, or beyond the limits.
 struct Described {

@@ -10,6 +10,7 @@
 #include "OvikPlatform/codecs/ExifOrientation.h"
 #include "OvikPlatform/codecs/ImageCodecError.h"
 #include "OvikPlatform/codecs/ImageLimits.h"
+#include "OvikPlatform/codecs/RowReducer.h"
 
 namespace ovik::JPEGCodec {
 namespace {
@@ -57,13 +58,26 @@ public:
         jpeg_read_header(&info_, TRUE);
     }
 
-    void readPixels(std::uint8_t* pixels, std::size_t bytesPerRow) {
-        if (setjmp(error_.jump)) fail("Damaged JPEG data");
+    // Decodes at 1/denominator of the size (1, 2, 4 or 8), which libjpeg does in its inverse
+    // transforms at a fraction of the cost; the size that comes out is `info().output_width`
+    // and `output_height`.
+    void scaleDown(unsigned denominator) {
+        if (setjmp(error_.jump)) fail("Unreadable JPEG header");
+        info_.scale_num = 1;
+        info_.scale_denom = denominator;
         info_.out_color_space = JCS_EXT_RGBA;
+        jpeg_calc_output_dimensions(&info_);
+    }
+
+    // Rows of opaque RGBA, so already premultiplied.
+    void readPixels(RowReducer& reducer) {
+        std::vector<std::uint8_t> row(std::size_t(info_.output_width) * 4);
+        JSAMPROW rows[] = {row.data()};
+        if (setjmp(error_.jump)) fail("Damaged JPEG data");
         jpeg_start_decompress(&info_);
         while (info_.output_scanline < info_.output_height) {
-            JSAMPROW row = pixels + std::size_t(info_.output_scanline) * bytesPerRow;
-            jpeg_read_scanlines(&info_, &row, 1);
+            jpeg_read_scanlines(&info_, rows, 1);
+            reducer.add(row);
         }
         jpeg_finish_decompress(&info_);
     }
@@ -94,23 +108,35 @@ double dotsPerInch(const jpeg_decompress_struct& info) {
     return 72;
 }
 
+// The largest scale-down libjpeg offers that keeps the long side at least `longSide`.
+unsigned denominatorFor(std::int64_t longSide, std::int64_t width, std::int64_t height) {
+    for (unsigned denominator : {8u, 4u, 2u})
+        if ((std::max(width, height) + denominator - 1) / denominator >= longSide) return denominator;
+    return 1;
+}
+
 } // namespace
 
 bool hasSignature(std::string_view bytes) { return bytes.substr(0, 3) == "\xFF\xD8\xFF"; }
 
-CGImage decode(std::string_view bytes) {
+CGImage decode(std::string_view bytes) { return decode(bytes, ImageLimits::maximumSide); }
+
+CGImage decode(std::string_view bytes, std::int64_t longSide) {
     if (!hasSignature(bytes)) throw ImageCodecError("Not a JPEG file");
     Decompressor jpeg(bytes);
     jpeg.readHeader();
     const std::int64_t width = jpeg.info().image_width, height = jpeg.info().image_height;
-    ImageLimits::require(width, height, "JPEG");
+    ImageLimits::require(width, height, longSide, "JPEG");
     const J_COLOR_SPACE space = jpeg.info().jpeg_color_space;
     if (space == JCS_CMYK || space == JCS_YCCK) throw ImageCodecError("CMYK JPEG pictures are not supported");
     // Saved markers go with the picture's memory when decompression finishes: read them first.
     const ImageOrientation orientation = jpeg.orientation();
-    std::vector<std::uint8_t> pixels(std::size_t(width * height * 4));
-    jpeg.readPixels(pixels.data(), std::size_t(width) * 4);
-    return oriented(CGImage(width, height, width * 4, std::move(pixels)), orientation);
+    jpeg.scaleDown(denominatorFor(longSide, width, height));
+    const std::int64_t scaledWidth = jpeg.info().output_width, scaledHeight = jpeg.info().output_height;
+    const std::int64_t factor = RowReducer::factor(scaledWidth, scaledHeight, longSide);
+    RowReducer reducer(scaledWidth, scaledHeight, factor, factor);
+    jpeg.readPixels(reducer);
+    return oriented(reducer.finish(), orientation);
 }
 
 ImageProperties properties(std::string_view bytes) {

@@ -18,6 +18,11 @@ using ImageLimits::maximumSide;
 bool hasSignature(std::string_view bytes);
 /// Throws `ImageCodecError` for anything that isn't a whole PNG within the limits.
 CGImage decode(std::string_view bytes);
+/// The picture reduced, as its rows are read, to what shows `longSide` pixels on its long side
+/// (`RowReducer::factor`): only a row of the whole picture is held at a time. Throws as
+/// `decode` does, and from the header alone for a picture beyond `ImageLimits::pixelsFor`.
+/// An interlaced picture is reduced from its last pass, which holds every other row whole.
+CGImage decode(std::string_view bytes, std::int64_t longSide);
 /// The size from the header and the resolution from a `pHYs` chunk before the pixel data.
 /// Throws `ImageCodecError` when the header is missing or damaged.
 ImageProperties properties(std::string_view bytes);

@@ -2,6 +2,10 @@
 // A movie file opened by libavformat, with the facts both the probe and the frame reader
 // need: its first video stream, its first audio stream and the video's quarter turns. Times
 // are the file's own presentation times, not shifted to start at 0.
+//
+// The file is opened by us, without waiting, and must be a plain file; FFmpeg reads that same
+// descriptor, so a FIFO or a device put where a movie should be is refused at once. Nothing
+// else is opened: a playlist that names other files reads as a movie that can't be read.
 #include <cstdint>
 #include <filesystem>
 #include <memory>
@@ -24,9 +28,12 @@ public:
         full,
     };
 
-    /// Throws `MediaError` unreadable, with the path, when the file can't be opened or read as
-    /// a movie, and empty when it has no video stream.
+    /// Throws `MediaError` unreadable, with the path, when the file can't be opened, isn't a
+    /// plain file or can't be read as a movie, and empty when it has no video stream.
     MovieFile(const std::filesystem::path& path, Analysis analysis);
+    ~MovieFile();
+    MovieFile(const MovieFile&) = delete;
+    MovieFile& operator=(const MovieFile&) = delete;
 
     AVFormatContext& format() const { return *format_; }
     /// The first video stream that isn't an attached cover picture.
@@ -42,9 +49,12 @@ public:
     static std::string errorText(int code);
 
 private:
+    // The descriptor and FFmpeg's reader over it; it outlives the format context.
+    struct Input;
     struct Close {
         void operator()(AVFormatContext* format) const;
     };
+    std::unique_ptr<Input> input_;
     std::unique_ptr<AVFormatContext, Close> format_;
     AVStream* video_ = nullptr;
 };

@@ -15,6 +15,7 @@
 #include "OvikPlatform/codecs/ImageDecoder.h"
 #include "OvikPlatform/codecs/ImageLimits.h"
 #include "OvikPlatform/codecs/PNGCodec.h"
+#include "OvikPlatform/codecs/Quadrants.h"
 #include "OvikPlatform/files/PosixError.h"
 #include "OvikPlatform/media/FFmpegTool.h"
 #include "OvikPlatform/media/PictureDifference.h"
@@ -24,8 +25,7 @@ namespace ovik {
 namespace {
 
 using testing::RGBA;
-
-constexpr RGBA red{255, 0, 0, 255}, green{0, 255, 0, 255}, blue{0, 0, 255, 255}, white{255, 255, 255, 255};
+using testing::red, testing::green, testing::blue, testing::white, testing::quadrantError;
 
 // 64 × 32 in four quadrants: red, green over blue, white.
 constexpr std::int64_t patternWidth = 64, patternHeight = 32;
@@ -66,21 +66,6 @@ std::string byLibheif() {
     heif_image_release(image);
     heif_encoder_release(encoder);
     return testing::fileBytes(path);
-}
-
-// The inner part of each quadrant, away from edges that lossy coding blurs.
-int quadrantError(const CGImage& image, RGBA topLeft, RGBA topRight, RGBA bottomLeft, RGBA bottomRight) {
-    const std::int64_t w = image.width(), h = image.height();
-    int worst = 0;
-    for (std::int64_t y = 0; y < h; ++y)
-        for (std::int64_t x = 0; x < w; ++x) {
-            const bool nearEdge = std::abs(2 * x + 1 - w) < w / 4 || std::abs(2 * y + 1 - h) < h / 4 || x < 2 ||
-                                  y < 2 || x >= w - 2 || y >= h - 2;
-            if (nearEdge) continue;
-            const RGBA expected = y < h / 2 ? (x < w / 2 ? topLeft : topRight) : (x < w / 2 ? bottomLeft : bottomRight);
-            worst = std::max(worst, testing::channelError(testing::pixelAt(image, x, y), expected));
-        }
-    return worst;
 }
 
 struct Sample {
