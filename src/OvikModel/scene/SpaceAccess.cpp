@@ -40,12 +40,13 @@ SpacePlace spacePlace(const Draft& draft, const PropertyPath& path) {
     if (field.onNode() && !node) refuse("model.property.spacePath.nodeRequired", {spec.name});
     if (!field.onNode() && node) refuse("model.property.spacePath.nodeUnneeded", {spec.name});
     SpacePlace place{sectionIndex(draft, node ? node->id : path.target.as<Target::space>().id), std::nullopt, "", &field};
-    const std::optional<JSONValue>& space = draft.sections[place.section].space;
-    if (!space || !space->object()) refuse("model.property.spacePath.sectionRequired", {});
+    const std::optional<OpaqueJSON>& kept = draft.sections[place.section].space;
+    const JSONValue space = kept ? kept->value() : JSONValue();
+    if (!space.object()) refuse("model.property.spacePath.sectionRequired", {});
     if (node) {
         place.node = SpaceNodePath::parse(node->node);
         place.nodeText = node->node;
-        if (!place.node || !place.node->in(*space)) refuse("model.property.spacePath.nodeMissing", {node->node});
+        if (!place.node || !place.node->in(space)) refuse("model.property.spacePath.nodeMissing", {node->node});
     }
     return place;
 }
@@ -159,7 +160,8 @@ void check(const PropertyValue& value, const PropertySpec& spec) {
 
 std::optional<JSONValue> spaceValue(const Draft& draft, const PropertyPath& path) {
     const SpacePlace place = spacePlace(draft, path);
-    const JSONValue& holder = holderIn(*draft.sections[place.section].space, place);
+    const JSONValue space = draft.sections[place.section].space->value();
+    const JSONValue& holder = holderIn(space, place);
     if (place.node && !has(typeFor(holder, *place.field), *place.field)) return std::nullopt;
     return current(holder, *place.field);
 }
@@ -168,7 +170,7 @@ std::optional<std::string> setSpace(Draft& draft, const JSONValue& value, const 
     const PropertySpec& spec = path.key.spec();
     const SpacePlace place = spacePlace(draft, path);
     const SpaceField& field = *place.field;
-    JSONValue space = *draft.sections[place.section].space;
+    JSONValue space = draft.sections[place.section].space->value();
     JSONValue& holder = holderIn(space, place);
     if (place.node) requireField(holder, place);
     if (current(holder, field).same(value)) return std::nullopt;
@@ -178,7 +180,7 @@ std::optional<std::string> setSpace(Draft& draft, const JSONValue& value, const 
         check(PropertyValue{spec.title(), value}, spec);
         holder = holder.setting(field.place(), value);
     }
-    draft.sections.mutableItems()[place.section].space = std::move(space);
+    draft.sections.mutableItems()[place.section].space = OpaqueJSON(space);
     return L10n::format("model.property.undo.set", {spec.title()});
 }
 

@@ -139,8 +139,8 @@ TEST(DraftRenderKey, VisibleEditsChangeTheKey) {
         {"animation", [](Draft& d) { d.isAnimation = true; }},
         {"microphone level", [](Draft& d) { d.audio.microphone.volume = 0.5; }},
         {"cursor look", [](Draft& d) { d.cursor.look = CursorLook::pointer; }},
-        {"zoom", [](Draft& d) { d.zoom = {JSONValue::parse(R"({"factor":2})")}; }},
-        {"music", [](Draft& d) { d.music = JSONValue::parse(R"({"seed":1})"); }},
+        {"zoom", [](Draft& d) { d.zoom = {OpaqueJSON(JSONValue::parse(R"({"factor":2})"))}; }},
+        {"music", [](Draft& d) { d.music = OpaqueJSON(JSONValue::parse(R"({"seed":1})")); }},
     };
     const RenderKey base = thumbnailKey(recordingDraft(), 320);
     for (const Edit& edit : edits) {
@@ -167,7 +167,7 @@ TEST(DraftRenderKey, PayloadHoldsOnlyWhatTheDraftUses) {
     inked.inkTexture = InkTexture{{}, InkTexture::dry{0.5, 1, 7}};
     marked.objects = {group(9, {inked, rectangle(2, LinePattern::sketch)})};
     Draft music = canvasDraft();
-    music.music = JSONValue::parse(R"({"seed":1})");
+    music.music = OpaqueJSON(JSONValue::parse(R"({"seed":1})"));
     Draft pointer = canvasDraft();
     pointer.cursor.look = CursorLook::pointer;
     const struct {
@@ -196,7 +196,7 @@ TEST(DraftRenderKey, PayloadHoldsOnlyWhatTheDraftUses) {
 TEST(DraftRenderKey, SplicedPartsGiveTheInlineBytes) {
     Draft draft = recordingDraft();
     draft.objects = {group(7, {rectangle(1), text(2, "Héllo/Bold")}), rectangle(3)};
-    draft.music = JSONValue::parse(R"({"bank":"sf/gm","seed":3})");
+    draft.music = OpaqueJSON(JSONValue::parse(R"({"bank":"sf/gm","seed":3})"));
     const Instruments instruments = {{"bass", "a/b"}};
     std::string inlineText;
     {

@@ -46,7 +46,7 @@ TEST(ParticlesAnnotation, EveryFieldSurvivesItsJSON) {
     path.anchors[1].point = CGPoint{5, 9};
     path.isClosed = true;
     particles.source = ParticleSource{{}, ParticleSource::path{path}};
-    particles.emitter = JSONValue::parse(R"({"object":"anything"})");
+    particles.emitter = OpaqueJSON(JSONValue::parse(R"({"object":"anything"})"));
     particles.gravity = {0, 98};
     particles.wind = {-3, 0};
     particles.drag = 0.5;
@@ -55,7 +55,7 @@ TEST(ParticlesAnnotation, EveryFieldSurvivesItsJSON) {
     particles.colorPick = ParticleColorPick::each;
     particles.look = ParticleLook::glyph;
     particles.blend = ParticleBlend::lighten;
-    particles.bursts = {{0.5, 20, JSONValue::parse(R"({"marker":1})")}, {1, 3, std::nullopt}};
+    particles.bursts = {{0.5, 20, OpaqueJSON(JSONValue::parse(R"({"marker":1})"))}, {1, 3, std::nullopt}};
     particles.prewarm = true;
     particles.maxCount = 900;
     particles.depth = 40;

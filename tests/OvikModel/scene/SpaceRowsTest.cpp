@@ -53,12 +53,12 @@ Draft spaceDraft(const char* space = storedSpace) {
     media.source = MediaSource::makeCanvas(Canvas{PixelSize{640, 480}});
     draft.media = CowList<Media>({media});
     Section first = stillSection(spaceSection);
-    first.space = JSONValue::parse(space);
+    first.space = OpaqueJSON(JSONValue::parse(space));
     draft.sections = CowList<Section>({first, stillSection(flatSection)});
     return draft;
 }
 
-std::string spaceBytes(const Draft& draft) { return draft.sections[0].space->compact(); }
+std::string spaceBytes(const Draft& draft) { return std::string(draft.sections[0].space->text()); }
 
 PropertyPath spacePath(const std::string& field, const Draft& draft) {
     return PropertyPath::parse(spaceSection + ".space." + field, draft);
