@@ -13,6 +13,8 @@ namespace ovik {
 struct DecodedFrame {
     std::shared_ptr<const AVFrame> picture;
     MediaTime start;
+    /// When it stops showing by its own duration; its start when the movie doesn't say.
+    MediaTime end;
     /// Quarter turns clockwise that showing it takes, from the movie's display matrix.
     int turns = 0;
 };

@@ -135,8 +135,9 @@ struct VideoDecoder::Codec {
             // A frame with no time can't be placed; the ones around it can.
             if (start == AV_NOPTS_VALUE) continue;
             passed = std::max(passed, start);
+            const std::int64_t end = start + std::max<std::int64_t>(frame->pkt_duration, 0);
             return DecodedFrame{std::shared_ptr<const AVFrame>(frame.release(), FrameFree()),
-                                MovieFile::time(start, stream), turns};
+                                MovieFile::time(start, stream), MovieFile::time(end, stream), turns};
         }
     }
 };

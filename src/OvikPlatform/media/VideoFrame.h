@@ -12,6 +12,8 @@ struct VideoFrame {
     /// Shared, so that asking again for a frame that still shows costs no copy.
     std::shared_ptr<const CGImage> image;
     MediaTime start;
+    /// When it stops showing by its own duration; its start when the movie doesn't say.
+    MediaTime end;
 };
 
 } // namespace ovik
