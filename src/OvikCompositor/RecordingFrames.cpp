@@ -42,7 +42,8 @@ constexpr std::int64_t endSlackMicroseconds = 100'000;
 
 bool pastTheEnd(const VideoFrames& frames, const std::optional<VideoFrame>& shown, std::int64_t local) {
     if (!frames.reachedEnd()) return false;
-    return !shown || MediaTime::microseconds(local - endSlackMicroseconds) > shown->end;
+    // A frame of unknown length may show on to the end of the stretch.
+    return !shown || (shown->end && MediaTime::microseconds(local - endSlackMicroseconds) > *shown->end);
 }
 
 [[noreturn]] void fail(const MediaError& error, const PackagePath& movie) {

@@ -117,7 +117,8 @@ private:
         for (const JSONNode::Members::Member member : object.members()) members.push_back(member);
         std::stable_sort(members.begin(), members.end(), [](const auto& a, const auto& b) { return a.key < b.key; });
         // Of a run of equal keys the last stays.
-        auto last = std::unique(members.rbegin(), members.rend(), [](const auto& a, const auto& b) { return a.key == b.key; });
+        const auto sameKey = [](const auto& a, const auto& b) { return a.key == b.key; };
+        const auto last = std::unique(members.rbegin(), members.rend(), sameKey);
         members.erase(members.begin(), last.base());
         return members;
     }
