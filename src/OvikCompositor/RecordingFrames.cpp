@@ -1,6 +1,7 @@
 #include "OvikCompositor/RecordingFrames.h"
 
 #include "OvikCompositor/RenderError.h"
+#include "OvikL10n/L10n.h"
 #include "OvikPlatform/media/MediaError.h"
 #include "OvikPlatform/media/VideoFrames.h"
 
@@ -35,6 +36,16 @@ std::int64_t microsecondsFrom(MediaTime time) {
     return std::int64_t(whole * time.timescale < scaled ? whole + 1 : whole);
 }
 
+// A moment this far past the end of a movie's last frame is not in the movie: the file was
+// cut off. The slack lets a stored length run a little past the last frame (its sound's tail).
+constexpr std::int64_t endSlackMicroseconds = 100'000;
+
+bool pastTheEnd(const VideoFrames& frames, const std::optional<VideoFrame>& shown, std::int64_t local) {
+    if (!frames.reachedEnd()) return false;
+    // A frame of unknown length may show on to the end of the stretch.
+    return !shown || (shown->end && MediaTime::microseconds(local - endSlackMicroseconds) > *shown->end);
+}
+
 [[noreturn]] void fail(const MediaError& error, const PackagePath& movie) {
     const std::string text = movie.relative + ": " + error.what();
     switch (error.kind()) {
@@ -62,6 +73,9 @@ RecordingFrame RecordingFrames::frame(const DraftDocument& document, const Recor
     }
     try {
         const auto shown = frames->frame(MediaTime::microseconds(at->local));
+        if (pastTheEnd(*frames, shown, at->local))
+            throw RenderFailure(RenderError::sourceUnreadable{
+                L10n::format("compositor.recording.endsEarly", {at->segment->movie.relative})});
         if (!shown) return {Image(), time};
         return {Image::fromCGImage(shown->image), SourceTime{at->begins + microsecondsFrom(shown->start)}};
     } catch (const MediaError& error) {

@@ -60,7 +60,7 @@ struct Draft {
     /// Marks added from now on are drawn by hand (key "newMarksHandDrawn").
     bool handDrawn = false;
     InkTexture::Kind newMarksInk = InkTexture::Kind::none;
-    CowList<JSONValue> zoom; // pending: ZoomSegment
+    CowList<OpaqueJSON> zoom; // pending: ZoomSegment
     ZoomSettings zoomSettings;
     CursorSettings cursor;
     KeyOverlay keys;
@@ -70,10 +70,10 @@ struct Draft {
     bool byAutomation = false;
     CowList<Marker> markers;
     bool skipsIdle = false;
-    CowList<JSONValue> sounds; // pending: SectionSound
+    CowList<OpaqueJSON> sounds; // pending: SectionSound
     CowList<DraftFont> fonts;
-    std::optional<JSONValue> music;     // pending: Music
-    std::optional<JSONValue> narration; // pending: Narration
+    std::optional<OpaqueJSON> music;     // pending: Music
+    std::optional<OpaqueJSON> narration; // pending: Narration
     CowList<ImportedSound> importedSounds;
     CowList<ImportedModel> importedModels;
     std::optional<Theme> theme;

@@ -1,5 +1,5 @@
 // The JSON reader and the record codec on arbitrary bytes: either a typed error or a value that
-// writes and reads back to the same value, and whose written form is stable.
+// writes and reads back to the same value, and whose written form is stable, kept opaque or not.
 #include <cstdint>
 #include <cstdlib>
 #include <string_view>
@@ -55,10 +55,15 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string_view bytes(reinterpret_cast<const char*>(data), size);
     try {
         const JSONValue value = JSONValue::parse(bytes);
+        // Kept as opaque text, the value writes the same bytes in every layout.
+        const JSONValue kept = decodeJSON<OpaqueJSON>(bytes);
         for (bool pretty : {false, true}) {
             const std::string text = JSONWriter::write(value, {.pretty = pretty, .escapeSlashes = pretty});
             // An integral double reads back as an integer: the loose comparison allows that.
             check(JSONValue::parse(text).same(value));
+            check(JSONWriter::write(kept, {.pretty = pretty, .escapeSlashes = pretty}) == text);
+            check(JSONWriter::write(kept, {.pretty = pretty, .escapeSlashes = !pretty}) ==
+                  JSONWriter::write(value, {.pretty = pretty, .escapeSlashes = !pretty}));
         }
     } catch (const DecodingError&) {
         return 0;

@@ -43,7 +43,7 @@ struct Action {
     std::optional<RevealShape> shape;
     /// A script's tag to find its own actions again; no effect on the picture.
     std::optional<std::string> by;
-    std::optional<JSONValue> pins; // pending: MomentPins
+    std::optional<OpaqueJSON> pins; // pending: MomentPins
     /// One term of a formula: the action moves only that term.
     std::optional<std::string> term;
     /// The target of a `become` action.

@@ -38,7 +38,7 @@ struct Media {
     std::optional<ClipShape> clip;
     std::optional<BlendMode> blend;
     EffectStack effects;
-    std::optional<JSONValue> cursorPath; // pending: CursorPath
+    std::optional<OpaqueJSON> cursorPath; // pending: CursorPath
 
     /// No clip, no blend and no effects: the picture is drawn as it is.
     bool isPlainPicture() const { return !clip && !blend && effects.isEmpty(); }

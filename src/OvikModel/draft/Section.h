@@ -48,7 +48,7 @@ struct Section {
     Length length;
     std::optional<Transition> transitionIn;
     std::vector<Action> lens;
-    std::optional<JSONValue> space; // pending: SpaceSettings
+    std::optional<OpaqueJSON> space; // pending: SpaceSettings
     std::optional<SectionSpeed> speed;
     std::optional<SectionSplit> split;
     std::optional<EffectStack> look;

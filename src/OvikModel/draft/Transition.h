@@ -13,7 +13,7 @@ struct Transition {
     std::vector<Action> outgoing;
     std::vector<Action> incoming;
     bool motionBlur = false;
-    std::optional<JSONValue> pin; // pending: PinnedMoment
+    std::optional<OpaqueJSON> pin; // pending: PinnedMoment
 
     /// The transition made `length` long. Actions counted from its start or end are stretched by
     /// the same factor; actions between fixed moments or over the whole are left alone.

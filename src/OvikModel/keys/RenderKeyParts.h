@@ -18,7 +18,7 @@ namespace ovik {
 
 class RenderKeyParts {
 public:
-    using Music = JSONValue; // pending: Music
+    using Music = OpaqueJSON; // pending: Music
 
     static constexpr std::size_t objectCapacity = 20000;
     static constexpr std::size_t songCapacity = 4;

@@ -47,8 +47,8 @@ struct Annotation : Enumeration<Annotation> {
     using followPoint = Case<FollowPointAnnotation, followPointName>;
     // Boxed: a particles recipe is several times the size of any other payload.
     using particles = Case<CowBox<ParticlesAnnotation>, particlesName>;
-    using solid = Case<JSONValue, solidName>;         // pending: SolidAnnotation
-    using generator = Case<JSONValue, generatorName>; // pending: GeneratorAnnotation
+    using solid = Case<OpaqueJSON, solidName>;         // pending: SolidAnnotation
+    using generator = Case<OpaqueJSON, generatorName>; // pending: GeneratorAnnotation
 
     std::variant<rectangle, ellipse, arrow, line, pen, text, counter, redact, spotlight, magnifier, sticker, path,
                  followPoint, particles, solid, generator>

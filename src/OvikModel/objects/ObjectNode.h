@@ -72,13 +72,13 @@ struct ObjectNode {
     HeldIfSet<ClipShape> clip;
     std::optional<BlendMode> blend;
     std::optional<CGVector> pivot;
-    std::optional<JSONValue> drivers; // pending: Drivers
+    std::optional<OpaqueJSON> drivers; // pending: Drivers
     std::optional<StrokeProgress> strokeProgress;
     HeldIfSet<InkTexture> inkTexture;
     EffectStack effects;
     HeldIfSet<Clock> clock;
     bool depthSorted = false;
-    HeldIfSet<JSONValue> backFace; // pending: BackFace
+    HeldIfSet<OpaqueJSON> backFace; // pending: BackFace
     HeldIfSet<TokenRefs> tokens;
     std::optional<ObjectSpan> span;
     HeldIfSet<GridCell> grid;

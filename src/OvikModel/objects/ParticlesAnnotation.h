@@ -87,7 +87,7 @@ struct ParticleRange {
 struct ParticleBurst {
     double at = 0; // seconds from the object's start
     int count = 0;
-    std::optional<JSONValue> pin; // pending: PinnedMoment
+    std::optional<OpaqueJSON> pin; // pending: PinnedMoment
 
     bool operator==(const ParticleBurst&) const = default;
     static constexpr auto jsonFields() {
@@ -142,7 +142,7 @@ constexpr auto enumCases(ParticleColorPick*) {
 /// The recipe. A default-made one holds the values of absent keys; `standard` makes a new object.
 struct ParticlesAnnotation {
     ParticleSource source;
-    std::optional<JSONValue> emitter; // pending: Driver.Source
+    std::optional<OpaqueJSON> emitter; // pending: Driver.Source
     double rate = 0;                  // per second
     ParticleRange life;               // seconds
     ParticleRange speed;              // points per second

@@ -10,7 +10,7 @@ struct PausedMotion {
     std::optional<Split> split;
     std::optional<Repeat> repeating;
     std::optional<Arrange> arrange;
-    std::optional<JSONValue> perspective; // pending: Perspective
+    std::optional<OpaqueJSON> perspective; // pending: Perspective
 
     bool operator==(const PausedMotion&) const = default;
     static constexpr auto jsonFields() {

@@ -18,9 +18,9 @@ struct Thickness {
     double bevel = 0;
     std::int64_t bevelSegments = 3;
     BevelProfile bevelProfile = BevelProfile::round;
-    std::optional<JSONValue> material;     // pending: Space.Material
-    std::optional<JSONValue> sideMaterial; // pending: Space.Material
-    std::optional<JSONValue> backMaterial; // pending: Space.Material
+    std::optional<OpaqueJSON> material;     // pending: Space.Material
+    std::optional<OpaqueJSON> sideMaterial; // pending: Space.Material
+    std::optional<OpaqueJSON> backMaterial; // pending: Space.Material
 
     bool operator==(const Thickness&) const = default;
     static constexpr auto jsonFields() {

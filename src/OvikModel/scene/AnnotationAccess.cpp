@@ -77,8 +77,8 @@ const std::vector<Annotation>& annotationSamples() {
             Annotation{{}, Annotation::path{}},
             Annotation{{}, Annotation::followPoint{}},
             Annotation{{}, Annotation::particles{ParticlesAnnotation::standard(frame, std::nullopt, 0)}},
-            Annotation{{}, Annotation::solid{JSONValue(JSONValue::Object{})}},
-            Annotation{{}, Annotation::generator{JSONValue(JSONValue::Object{})}},
+            Annotation{{}, Annotation::solid{OpaqueJSON(JSONValue::Object{})}},
+            Annotation{{}, Annotation::generator{OpaqueJSON(JSONValue::Object{})}},
         };
     }();
     return samples;

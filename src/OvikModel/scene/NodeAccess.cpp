@@ -188,12 +188,12 @@ std::shared_ptr<const ObjectAccess> faceMaterialAccess(bool back) {
     return onNodes(
         [field](const ObjectNode& node) -> std::optional<JSONValue> {
             if (!node.thickness) return std::nullopt;
-            return (*node.thickness).*field ? *((*node.thickness).*field) : JSONValue("none");
+            return (*node.thickness).*field ? ((*node.thickness).*field)->value() : JSONValue("none");
         },
         [field](ObjectNode& node, const PropertyValue& value, const PropertySpec&) {
             Thickness thickness = thicknessOf(node);
             if (value.json.object())
-                thickness.*field = value.json;
+                thickness.*field = OpaqueJSON(value.json);
             else if (const std::string* text = value.json.string(); text && *text == "none")
                 (thickness.*field).reset();
             else

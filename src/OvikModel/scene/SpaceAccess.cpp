@@ -25,6 +25,8 @@ struct SpacePlace {
     std::optional<SpaceNodePath> node;
     std::string nodeText;
     const SpaceField* field = nullptr;
+    /// The section's space, read from the text it is kept as.
+    JSONValue space;
 };
 
 const SpaceField& fieldOf(const PropertySpec& spec) {
@@ -39,13 +41,13 @@ SpacePlace spacePlace(const Draft& draft, const PropertyPath& path) {
     const auto* node = std::get_if<Target::spaceNode>(&path.target.cases);
     if (field.onNode() && !node) refuse("model.property.spacePath.nodeRequired", {spec.name});
     if (!field.onNode() && node) refuse("model.property.spacePath.nodeUnneeded", {spec.name});
-    SpacePlace place{sectionIndex(draft, node ? node->id : path.target.as<Target::space>().id), std::nullopt, "", &field};
-    const std::optional<JSONValue>& space = draft.sections[place.section].space;
-    if (!space || !space->object()) refuse("model.property.spacePath.sectionRequired", {});
+    SpacePlace place{sectionIndex(draft, node ? node->id : path.target.as<Target::space>().id), std::nullopt, "", &field, {}};
+    if (const std::optional<OpaqueJSON>& kept = draft.sections[place.section].space) place.space = kept->value();
+    if (!place.space.object()) refuse("model.property.spacePath.sectionRequired", {});
     if (node) {
         place.node = SpaceNodePath::parse(node->node);
         place.nodeText = node->node;
-        if (!place.node || !place.node->in(*space)) refuse("model.property.spacePath.nodeMissing", {node->node});
+        if (!place.node || !place.node->in(place.space)) refuse("model.property.spacePath.nodeMissing", {node->node});
     }
     return place;
 }
@@ -159,16 +161,16 @@ void check(const PropertyValue& value, const PropertySpec& spec) {
 
 std::optional<JSONValue> spaceValue(const Draft& draft, const PropertyPath& path) {
     const SpacePlace place = spacePlace(draft, path);
-    const JSONValue& holder = holderIn(*draft.sections[place.section].space, place);
+    const JSONValue& holder = holderIn(place.space, place);
     if (place.node && !has(typeFor(holder, *place.field), *place.field)) return std::nullopt;
     return current(holder, *place.field);
 }
 
 std::optional<std::string> setSpace(Draft& draft, const JSONValue& value, const PropertyPath& path) {
     const PropertySpec& spec = path.key.spec();
-    const SpacePlace place = spacePlace(draft, path);
+    SpacePlace place = spacePlace(draft, path);
     const SpaceField& field = *place.field;
-    JSONValue space = *draft.sections[place.section].space;
+    JSONValue space = std::move(place.space);
     JSONValue& holder = holderIn(space, place);
     if (place.node) requireField(holder, place);
     if (current(holder, field).same(value)) return std::nullopt;
@@ -178,7 +180,7 @@ std::optional<std::string> setSpace(Draft& draft, const JSONValue& value, const 
         check(PropertyValue{spec.title(), value}, spec);
         holder = holder.setting(field.place(), value);
     }
-    draft.sections.mutableItems()[place.section].space = std::move(space);
+    draft.sections.mutableItems()[place.section].space = OpaqueJSON(space);
     return L10n::format("model.property.undo.set", {spec.title()});
 }
 

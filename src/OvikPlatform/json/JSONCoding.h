@@ -142,6 +142,12 @@ struct JSONCoding<JSONValue> {
     static JSONValue decode(JSONNode node, const CodingPath&) { return node.value(); }
 };
 
+template <>
+struct JSONCoding<OpaqueJSON> {
+    static JSONValue encode(const OpaqueJSON& v) { return JSONValue(v); }
+    static OpaqueJSON decode(JSONNode node, const CodingPath&) { return OpaqueJSON::of(node); }
+};
+
 // ---- containers ------------------------------------------------------------------------------
 
 template <class T>

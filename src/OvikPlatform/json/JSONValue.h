@@ -3,12 +3,16 @@
 // nothing in an output depends on hash order. A whole number above the signed 64-bit range is
 // held as `uint64_t`, so that it keeps its digits. The `float` case exists only for encoding: a
 // single-precision field is laid out with its own shortest digits; reading never makes one.
+// Nor does reading make the `OpaqueJSON` case: it is the encoded form of a kept opaque record,
+// its text laid out as it stands.
 #include <cstdint>
 #include <initializer_list>
 #include <string>
 #include <string_view>
 #include <variant>
 #include <vector>
+
+#include "OvikPlatform/json/OpaqueJSON.h"
 
 namespace ovik {
 
@@ -56,7 +60,8 @@ class JSONValue {
 public:
     using Array = std::vector<JSONValue>;
     using Object = JSONObject;
-    using Storage = std::variant<std::nullptr_t, bool, std::int64_t, std::uint64_t, double, float, std::string, Array, Object>;
+    using Storage = std::variant<std::nullptr_t, bool, std::int64_t, std::uint64_t, double, float, std::string, Array, Object,
+                                 OpaqueJSON>;
 
     JSONValue() : storage_(nullptr) {}
     JSONValue(std::nullptr_t) : storage_(nullptr) {}
@@ -71,6 +76,7 @@ public:
     JSONValue(const char* value) : storage_(std::string(value)) {}
     JSONValue(Array value) : storage_(std::move(value)) {}
     JSONValue(Object value) : storage_(std::move(value)) {}
+    JSONValue(OpaqueJSON value) : storage_(std::move(value)) {}
 
     /// Parses JSON text; throws `DecodingError` when it is not JSON.
     static JSONValue parse(std::string_view text);

@@ -6,6 +6,8 @@
 
 namespace ovik {
 
+class JSONNode;
+
 struct JSONWriteOptions {
     bool pretty = false;
     /// Render payloads escape "/" as "\/"; document files don't.
@@ -16,6 +18,8 @@ namespace JSONWriter {
 
 /// Throws `EncodingError` for a non-finite number; nothing is returned then.
 std::string write(const JSONValue& value, JSONWriteOptions options = {});
+/// A value of a parsed document, written as its generic value would be, without building it.
+std::string write(JSONNode node, JSONWriteOptions options = {});
 void appendString(std::string& out, std::string_view text, bool escapeSlashes);
 
 } // namespace JSONWriter

@@ -3,6 +3,7 @@
 // moment it starts to show. The pixels are reference-counted by FFmpeg, so a frame outlives
 // the decoder that made it and may be converted on another thread.
 #include <memory>
+#include <optional>
 
 #include "OvikPlatform/media/MediaTime.h"
 
@@ -13,6 +14,8 @@ namespace ovik {
 struct DecodedFrame {
     std::shared_ptr<const AVFrame> picture;
     MediaTime start;
+    /// When it stops showing by its own duration; none when the movie doesn't say.
+    std::optional<MediaTime> end;
     /// Quarter turns clockwise that showing it takes, from the movie's display matrix.
     int turns = 0;
 };

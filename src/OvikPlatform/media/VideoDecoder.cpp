@@ -135,8 +135,11 @@ struct VideoDecoder::Codec {
             // A frame with no time can't be placed; the ones around it can.
             if (start == AV_NOPTS_VALUE) continue;
             passed = std::max(passed, start);
+            const std::int64_t length = frame->pkt_duration;
+            const std::optional<MediaTime> end =
+                length > 0 ? std::optional(MovieFile::time(start + length, stream)) : std::nullopt;
             return DecodedFrame{std::shared_ptr<const AVFrame>(frame.release(), FrameFree()),
-                                MovieFile::time(start, stream), turns};
+                                MovieFile::time(start, stream), end, turns};
         }
     }
 };

@@ -40,7 +40,7 @@ std::optional<VideoFrame> VideoFrames::frame(MediaTime time) {
     }
     if (!current_) return std::nullopt;
     if (!current_->image) current_->image = std::make_shared<const CGImage>(converter_.convert(current_->decoded));
-    return VideoFrame{current_->image, current_->decoded.start};
+    return VideoFrame{current_->image, current_->decoded.start, current_->decoded.end};
 }
 
 bool VideoFrames::closeEnough(MediaTime time) const {

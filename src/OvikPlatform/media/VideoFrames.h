@@ -57,6 +57,10 @@ public:
     /// `flags.cancelled` is set. After a throw the next call starts with a fresh decoder.
     std::optional<VideoFrame> frame(MediaTime time);
 
+    /// Whether the last `frame` call read to the movie's end: then a moment past the end of the
+    /// frame it gave (or any moment, when it gave none) is not in the movie, as in a cut-off file.
+    bool reachedEnd() const { return finished_; }
+
 private:
     struct Held {
         DecodedFrame decoded;

@@ -88,8 +88,8 @@ TEST(DraftRenderKey, VisibleEditsAndOnlyThoseChangeTheKey) {
         {"animation", [](Draft& d) { d.isAnimation = true; }, true},
         {"microphone level", [](Draft& d) { d.audio.microphone.volume = 0.5; }, true},
         {"cursor look", [](Draft& d) { d.cursor.look = CursorLook::pointer; }, true},
-        {"zoom", [](Draft& d) { d.zoom = {JSONValue::parse(R"({"factor":2})")}; }, true},
-        {"music", [](Draft& d) { d.music = JSONValue::parse(R"({"seed":1})"); }, true},
+        {"zoom", [](Draft& d) { d.zoom = {OpaqueJSON(JSONValue::parse(R"({"factor":2})"))}; }, true},
+        {"music", [](Draft& d) { d.music = OpaqueJSON(JSONValue::parse(R"({"seed":1})")); }, true},
     };
     const RenderKey base = thumbnailKey(recordingDraft(), 320);
     for (const auto& [what, edit, changes] : edits) {
@@ -116,7 +116,7 @@ TEST(DraftRenderKey, PayloadHoldsOnlyWhatTheDraftUses) {
     inked.inkTexture = InkTexture{{}, InkTexture::dry{0.5, 1, 7}};
     marked.objects = {group("g", 9, {inked, rectangle(2, LinePattern::sketch)})};
     Draft music = canvasDraft();
-    music.music = JSONValue::parse(R"({"seed":1})");
+    music.music = OpaqueJSON(JSONValue::parse(R"({"seed":1})"));
     Draft pointer = canvasDraft();
     pointer.cursor.look = CursorLook::pointer;
     Draft clickColour = canvasDraft();
@@ -151,7 +151,7 @@ TEST(DraftRenderKey, PayloadHoldsOnlyWhatTheDraftUses) {
 TEST(DraftRenderKey, SplicedPartsGiveTheInlineBytes) {
     Draft draft = recordingDraft();
     draft.objects = {group("g", 7, {rectangle(1), text(2, "Héllo/Bold")}), rectangle(3)};
-    draft.music = JSONValue::parse(R"({"bank":"sf/gm","seed":3})");
+    draft.music = OpaqueJSON(JSONValue::parse(R"({"bank":"sf/gm","seed":3})"));
     const Instruments instruments = {{"bass", "a/b"}};
     std::string inlineText;
     {

@@ -339,7 +339,7 @@ const char* const storedSpace = R"({
 // One canvas shown by two sections: the first a space, the second flat.
 Draft spaceDraft(const char* space = storedSpace) {
     Draft draft = canvasDraft();
-    draft.sections.mutableItems()[0].space = JSONValue::parse(space);
+    draft.sections.mutableItems()[0].space = OpaqueJSON(JSONValue::parse(space));
     Section flat = draft.sections[0];
     flat.id = SectionID{numbered(0xB2)};
     flat.space.reset();
@@ -347,7 +347,7 @@ Draft spaceDraft(const char* space = storedSpace) {
     return draft;
 }
 
-std::string spaceBytes(const Draft& draft) { return draft.sections[0].space->compact(); }
+std::string spaceBytes(const Draft& draft) { return std::string(draft.sections[0].space->text()); }
 
 /// The text of a path to a field of the space section.
 std::string at(const std::string& field) { return spaceSection + ".space." + field; }
