@@ -3,6 +3,7 @@
 #include <cmath>
 #include <future>
 
+#include "OvikDrafts/LocalizedDescription.h"
 #include "OvikPlatform/codecs/PNGCodec.h"
 #include "OvikPlatform/files/ReadFile.h"
 #include "OvikQuickLook/QuickLookError.h"
@@ -27,8 +28,8 @@ CGImage fitted(const std::filesystem::path& file, const ThumbnailRequest& reques
     CGImage kept = [&] {
         try {
             return PNGCodec::decode(readFile(file));
-        } catch (const Error&) {
-            throw QuickLookFailure();
+        } catch (const Error& error) {
+            throw QuickLookFailure(localizedDescription(error));
         }
     }();
     const CGSize box{request.maximumSize.width * request.scale, request.maximumSize.height * request.scale};

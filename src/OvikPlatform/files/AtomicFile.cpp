@@ -46,6 +46,10 @@ void write(std::string_view data, const std::filesystem::path& target) {
     try {
         writeNewFile(data, temporary);
         replace(target, temporary);
+    } catch (const PosixError& error) {
+        // A person asked for the target; the temporary file is ours and means nothing to them.
+        (void)::unlink(temporary.c_str());
+        throw PosixError(error.code(), target);
     } catch (...) {
         // The first error is the one that counts; a failed clean-up adds nothing to it.
         (void)::unlink(temporary.c_str());
