@@ -17,17 +17,18 @@ namespace fs = std::filesystem;
 
 const fs::path examples = OVIK_EXAMPLES;
 
-using DraftCheck = TemporaryFolder;
+class DraftCheck : public TemporaryFolder {
+protected:
+    static void replaceInFile(const fs::path& file, const std::string& from, const std::string& to) {
+        std::string text = readText(file);
+        text.replace(text.find(from), from.size(), to);
+        writeText(file, text);
+    }
+};
 
 std::string secondLine(const std::string& text) {
     const std::size_t start = text.find('\n') + 1;
     return text.substr(start, text.find('\n', start) - start);
-}
-
-void replaceInFile(const fs::path& file, const std::string& from, const std::string& to) {
-    std::string text = TemporaryFolder::readText(file);
-    text.replace(text.find(from), from.size(), to);
-    TemporaryFolder::writeText(file, text);
 }
 
 // Each damage to a copy of a sample package is one problem the check names, in our words.
