@@ -1,6 +1,7 @@
 #include "OvikCompositor/RecordingFrames.h"
 
 #include "OvikCompositor/RenderError.h"
+#include "OvikCompositor/SourceProblem.h"
 #include "OvikPlatform/media/MediaError.h"
 #include "OvikPlatform/media/VideoFrames.h"
 
@@ -36,7 +37,7 @@ std::int64_t microsecondsFrom(MediaTime time) {
 }
 
 [[noreturn]] void fail(const MediaError& error, const PackagePath& movie) {
-    const std::string text = movie.relative + ": " + error.what();
+    const std::string text = sourceProblem(movie, error);
     switch (error.kind()) {
     case MediaError::Kind::cancelled: throw RenderFailure(RenderError::cancelled{});
     case MediaError::Kind::failed: throw RenderFailure(RenderError::failed{text});

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <utility>
 
 #include "OvikL10n/L10n.h"
 #include "OvikPlatform/files/TemporaryFolder.h"
@@ -72,6 +73,24 @@ TEST_F(CommandRefusals, AFailedWriteNamesTheOutputNotItsTemporaryFile) {
         runOvik({"render", animation, "--output", (folder / "gone" / "x.png").string()}, {"OVIK_LANGUAGE=en"});
     EXPECT_EQ(result.status, 1);
     EXPECT_EQ(result.err, L10n::format("drafts.files.noSuchFile", {"x.png"}) + "\n");
+}
+
+// A picture that can't be read is named by its place in the package and what is wrong with it,
+// not by the decoder's or the system's own text.
+TEST_F(CommandRefusals, AnUnreadablePictureIsNamedByItsPathInThePackage) {
+    const L10n::LanguageOverride english("en");
+    const fs::path package = folder / "picture.ovikwork";
+    fs::copy(OVIK_EXAMPLES "/picture.ovikwork", package, fs::copy_options::recursive);
+    const std::string out = (folder / "x.png").string();
+    for (const auto& [damage, key] : {std::pair<const char*, const char*>{"junk", "compositor.source.damaged"},
+                                      {nullptr, "compositor.source.missing"}}) {
+        if (damage) writeText(package / "media/screenshot.png", damage);
+        else fs::remove(package / "media/screenshot.png");
+        const CommandResult result = runOvik({"render", package.string(), "--output", out}, {"OVIK_LANGUAGE=en"});
+        EXPECT_EQ(result.status, 1);
+        EXPECT_EQ(result.err, L10n::format("compositor.error.sourceUnreadable",
+                                           {L10n::format(key, {"media/screenshot.png"})}) + "\n");
+    }
 }
 
 // A file manager's log shows why a package gave no thumbnail: the general sentence, then the cause.
