@@ -87,18 +87,19 @@ std::vector<std::string> sortedNames(const fs::path& folder) {
 }
 
 // Each entry of renders/ and of each key folder in it is held inside; a folder that leads
-// outside is reported once and not listed.
+// outside is reported once and not listed. Below the key folders, folders (a kept sequence of
+// pictures) are fine, and anything else must be a plain file.
 void checkKeptFolder(const DraftDocument& document, const std::string& relative, int depth,
                      std::vector<std::string>& out) {
     try {
         const fs::path resolved = PackageContainment::resolve(document.packageURL, PackagePath{relative});
         std::error_code error;
-        if (depth < 2 && fs::is_directory(resolved, error)) {
-            for (const std::string& name : sortedNames(resolved)) checkKeptFolder(document, relative + "/" + name, depth + 1, out);
+        if (fs::is_directory(resolved, error)) {
+            if (depth < 2)
+                for (const std::string& name : sortedNames(resolved)) checkKeptFolder(document, relative + "/" + name, depth + 1, out);
             return;
         }
-        if (depth < 2) return;
-        requirePlainFile(resolved);
+        if (depth == 2) requirePlainFile(resolved);
     } catch (const PackagePathError& error) {
         out.push_back(error.what());
     } catch (const std::exception& error) {
