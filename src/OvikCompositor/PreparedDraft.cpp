@@ -3,6 +3,7 @@
 #include "OvikCompositor/PictureCache.h"
 #include "OvikCompositor/PictureColor.h"
 #include "OvikCompositor/RenderError.h"
+#include "OvikCompositor/SourceProblem.h"
 #include "OvikModel/draft/PicturePaths.h"
 #include "OvikModel/time/DraftTiming.h"
 #include "OvikPlatform/codecs/ImageDecoder.h"
@@ -42,7 +43,7 @@ Image screenshotPicture(const Screenshot& shot, const PreparedDraft::PictureRead
     try {
         return Image::fromCGImage(read(shot.image).cgImage);
     } catch (const std::exception& error) {
-        throw RenderFailure(RenderError::sourceUnreadable{shot.image.relative + ": " + error.what()});
+        throw RenderFailure(RenderError::sourceUnreadable{sourceProblem(shot.image, error)});
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include "OvikCompositor/RenderError.h"
 #include "OvikL10n/L10n.h"
+#include "OvikCompositor/SourceProblem.h"
 #include "OvikPlatform/media/MediaError.h"
 #include "OvikPlatform/media/VideoFrames.h"
 
@@ -47,7 +48,7 @@ bool pastTheEnd(const VideoFrames& frames, const std::optional<VideoFrame>& show
 }
 
 [[noreturn]] void fail(const MediaError& error, const PackagePath& movie) {
-    const std::string text = movie.relative + ": " + error.what();
+    const std::string text = sourceProblem(movie, error);
     switch (error.kind()) {
     case MediaError::Kind::cancelled: throw RenderFailure(RenderError::cancelled{});
     case MediaError::Kind::failed: throw RenderFailure(RenderError::failed{text});

@@ -21,14 +21,23 @@ std::string describeMissingKey(const std::vector<CodingKey>& path) {
     return L10n::format("drafts.decoding.keyNotFound", {path.back().key, placeText(parent)});
 }
 
+// The parser's own reasons and a number's digits (up to 309 of them) tell a person nothing.
+std::string describeDamage(const DecodingError& error, const std::string& place) {
+    switch (error.damage()) {
+    case DecodingError::Damage::notJSON: return L10n::text("drafts.decoding.notJSON");
+    case DecodingError::Damage::numberOutOfRange: return L10n::format("drafts.decoding.numberOutOfRange", {place});
+    case DecodingError::Damage::described: break;
+    }
+    return L10n::format("drafts.decoding.dataCorrupted", {place, error.debugDescription()});
+}
+
 std::string describe(const DecodingError& error) {
     const std::string place = placeText(error.codingPath());
     switch (error.kind()) {
     case DecodingError::Kind::keyNotFound: return describeMissingKey(error.codingPath());
     case DecodingError::Kind::valueNotFound: return L10n::format("drafts.decoding.valueNotFound", {place});
     case DecodingError::Kind::typeMismatch: return L10n::format("drafts.decoding.typeMismatch", {place});
-    case DecodingError::Kind::dataCorrupted:
-        return L10n::format("drafts.decoding.dataCorrupted", {place, error.debugDescription()});
+    case DecodingError::Kind::dataCorrupted: return describeDamage(error, place);
     }
     return error.what();
 }

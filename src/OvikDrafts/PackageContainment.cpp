@@ -9,13 +9,18 @@ namespace ovik {
 namespace {
 
 std::string_view messageKey(PackagePathError::Reason reason) {
-    return reason == PackagePathError::Reason::absolute ? "drafts.path.absolute" : "drafts.path.outside";
+    switch (reason) {
+    case PackagePathError::Reason::absolute: return "drafts.path.absolute";
+    case PackagePathError::Reason::outside: return "drafts.path.outside";
+    case PackagePathError::Reason::notAName: return "drafts.path.notAName";
+    }
+    return "drafts.path.outside";
 }
 
 } // namespace
 
 PackagePathError::PackagePathError(Reason reason, PackagePath path)
-    : Error(L10n::format(messageKey(reason), {path.relative})), reason_(reason), path_(std::move(path)) {}
+    : Error(L10n::format(messageKey(reason), {path.printable()})), reason_(reason), path_(std::move(path)) {}
 
 namespace PackageContainment {
 
@@ -26,6 +31,7 @@ bool isInside(const std::filesystem::path& candidate, const std::filesystem::pat
 }
 
 std::filesystem::path resolve(const std::filesystem::path& root, const PackagePath& path, Test inside) {
+    if (!path.namesAFile()) throw PackagePathError(PackagePathError::Reason::notAName, path);
     const std::filesystem::path relative(path.relative);
     if (relative.has_root_directory()) throw PackagePathError(PackagePathError::Reason::absolute, path);
     std::filesystem::path candidate = resolvedPath(root / relative);

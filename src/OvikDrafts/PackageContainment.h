@@ -12,7 +12,7 @@ namespace ovik {
 
 class PackagePathError : public Error {
 public:
-    enum class Reason { absolute, outside };
+    enum class Reason { absolute, outside, notAName };
 
     PackagePathError(Reason reason, PackagePath path);
 
@@ -33,7 +33,8 @@ using Test = bool (*)(const std::filesystem::path& candidate, const std::filesys
 bool isInside(const std::filesystem::path& candidate, const std::filesystem::path& root);
 
 /// The real location of `path` in the package at the resolved `root`; the file need not
-/// exist. Throws `PackagePathError` for an absolute path or one that `inside` refuses;
+/// exist. Throws `PackagePathError` for a path that names no file, an absolute path or one that
+/// `inside` refuses;
 /// `PosixError` when a component can't be examined.
 std::filesystem::path resolve(const std::filesystem::path& root, const PackagePath& path, Test inside = isInside);
 

@@ -12,7 +12,8 @@ struct DraftDocument {
     Draft draft;
     std::filesystem::path packageURL;
 
-    /// The package folder + "/" + the path's text, as a file path; nothing is checked.
+    /// The package folder + "/" + the path's text, as a file path; nothing else is checked.
+    /// Throws `PosixError` (no such file) for a path that names no file.
     std::filesystem::path url(const PackagePath& path) const;
 
     bool operator==(const DraftDocument&) const = default;

@@ -4,6 +4,7 @@
 
 #include "OvikCompositor/CanvasLayout.h"
 #include "OvikCompositor/LiveRendering.h"
+#include "OvikDrafts/LocalizedDescription.h"
 #include "OvikModel/keys/BuiltInFormats.h"
 #include "OvikModel/keys/DraftRenderKey.h"
 #include "OvikPlatform/codecs/PNGCodec.h"
@@ -42,12 +43,12 @@ Thumbnail thumbnail(const std::filesystem::path& url, std::int64_t maxPixel) {
             if (auto file = keptThumbnail(package, size)) return fileAnswer(std::move(*file));
     try {
         return Thumbnail{{}, Thumbnail::picture{composeStill(package.document, std::min(maxPixel, renderingLimit))}};
-    } catch (const std::exception&) {
+    } catch (const std::exception& error) {
         // Any kept size will do now, the largest first.
         for (auto size = keptThumbnailPixels.rbegin(); size != keptThumbnailPixels.rend(); ++size)
             if (auto file = keptThumbnail(package, *size)) return fileAnswer(std::move(*file));
+        throw QuickLookFailure(localizedDescription(error));
     }
-    throw QuickLookFailure();
 }
 
 Preview preview(const std::filesystem::path& url, std::int64_t maxPixel) {

@@ -4,6 +4,7 @@
 
 namespace ovik {
 
-QuickLookFailure::QuickLookFailure() : Error(L10n::text("quicklook.error.unreadable")) {}
+QuickLookFailure::QuickLookFailure(std::string cause)
+    : Error(L10n::text("quicklook.error.unreadable")), cause_(std::move(cause)) {}
 
 } // namespace ovik

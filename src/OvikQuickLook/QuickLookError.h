@@ -1,6 +1,8 @@
 #pragma once
-// The one failure a thumbnail host ever sees: the package can't be read. The cause is
-// dropped on purpose; a host has nothing to show of it.
+// The one failure a thumbnail host ever sees: the package can't be read. Its message is that
+// general sentence; the cause, in words for a person, rides along for hosts that tell it.
+#include <string>
+
 #include "OvikPlatform/Error.h"
 
 namespace ovik {
@@ -9,8 +11,13 @@ enum class QuickLookError { unreadable };
 
 class QuickLookFailure : public Error {
 public:
-    QuickLookFailure();
+    explicit QuickLookFailure(std::string cause = {});
     QuickLookError error() const { return QuickLookError::unreadable; }
+    /// Why, localized; empty when there is nothing more to say.
+    const std::string& cause() const { return cause_; }
+
+private:
+    std::string cause_;
 };
 
 } // namespace ovik

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "OvikDrafts/FileDraftStore.h"
+#include "OvikDrafts/LocalizedDescription.h"
 #include "OvikPlatform/files/ResolvedPath.h"
 #include "OvikQuickLook/QuickLookError.h"
 
@@ -58,8 +59,8 @@ QuickLookPackage QuickLookPackage::open(const std::filesystem::path& url) {
         // A root that is no folder has no draft file to read.
         DraftDocument document = FileDraftStore::open(url, startsBelow);
         return QuickLookPackage{document.packageURL, std::move(document)};
-    } catch (const std::exception&) {
-        throw QuickLookFailure();
+    } catch (const std::exception& error) {
+        throw QuickLookFailure(localizedDescription(error));
     }
 }
 

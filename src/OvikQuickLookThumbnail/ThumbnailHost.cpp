@@ -3,6 +3,7 @@
 #include <cmath>
 #include <future>
 
+#include "OvikDrafts/LocalizedDescription.h"
 #include "OvikPlatform/codecs/PNGCodec.h"
 #include "OvikPlatform/files/ReadFile.h"
 #include "OvikQuickLook/QuickLookError.h"
@@ -34,8 +35,8 @@ CGImage fitted(const std::filesystem::path& file, const ThumbnailRequest& reques
             const ImageProperties header = PNGCodec::properties(bytes);
             size = ThumbnailProvider::contextSize({header.width, header.height}, box);
             return PNGCodec::decode(bytes, std::int64_t(std::max(size.width, size.height)));
-        } catch (const Error&) {
-            throw QuickLookFailure();
+        } catch (const Error& error) {
+            throw QuickLookFailure(localizedDescription(error));
         }
     }();
     CGContext context(std::int64_t(size.width), std::int64_t(size.height));

@@ -3,41 +3,33 @@
 #include <cstdio>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "Command.h"
+#include "DraftCheck.h"
 #include "OvikDrafts/DraftPaths.h"
 #include "OvikDrafts/FileDraftStore.h"
 #include "OvikL10n/L10n.h"
 #include "OvikModel/DraftJSON.h"
-#include "OvikModel/keys/DraftRenderKey.h"
-#include "OvikPlatform/codecs/PNGCodec.h"
-#include "OvikPlatform/files/ReadFile.h"
-#include "OvikQuickLook/QuickLookDraft.h"
-#include "OvikQuickLook/QuickLookPackage.h"
+#include "OvikPlatform/Error.h"
 
 namespace ovik::cli {
 namespace {
 
-// A kept thumbnail that a host would be answered with must be a whole PNG, or it can't show it.
-void checkKeptThumbnails(const QuickLookPackage& package) {
-    for (std::int64_t size : QuickLookDraft::keptThumbnailPixels) {
-        const auto file =
-            package.render(thumbnailKey(package.document.draft, size), "png", RenderKey::thumbnailFileName(size));
-        if (!file) continue;
-        try {
-            PNGCodec::decode(readFile(*file));
-        } catch (const Error& failure) {
-            throw Error(L10n::format("cli.draft.badKeptRender", {file->string(), failure.what()}));
-        }
-    }
-}
-
-// Opening holds every file the draft names inside the package, as a thumbnail's does; the files
-// need not exist.
+// Opening holds every file the draft names inside the package, as a thumbnail's does; the
+// check then reads what a render would read, and the stored values against their ranges.
 void check(const std::string& package) {
-    DraftDocument document = FileDraftStore::open(package);
-    checkKeptThumbnails(QuickLookPackage{document.packageURL, std::move(document)});
-    std::printf("%s\n", L10n::format("cli.draft.fine", {package}).c_str());
+    const DraftDocument document = FileDraftStore::open(package);
+    std::vector<std::string> problems = DraftCheck::fileProblems(document);
+    for (auto more : {DraftCheck::keptRenderProblems(document), DraftCheck::rangeProblems(document.draft)})
+        problems.insert(problems.end(), more.begin(), more.end());
+    if (problems.empty()) {
+        std::printf("%s\n", L10n::format("cli.draft.fine", {package}).c_str());
+        return;
+    }
+    std::string text = L10n::format("cli.draft.problems", {package, std::int64_t(problems.size())});
+    for (const std::string& problem : problems) text += "\n" + problem;
+    throw Error(text);
 }
 
 // The draft as the engine writes it: what a save would put in draft.json, on standard output.

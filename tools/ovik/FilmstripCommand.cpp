@@ -7,6 +7,7 @@
 #include <string>
 
 #include "Command.h"
+#include "CommandLine.h"
 #include "OvikCompositor/LiveRendering.h"
 #include "OvikDrafts/FileDraftStore.h"
 #include "OvikDrafts/OutputFile.h"
@@ -18,8 +19,8 @@ namespace {
 
 struct FilmstripOptions {
     std::string package;
-    std::int64_t count = 8;
-    std::int64_t height = 120;
+    std::string count = "8";
+    std::string height = "120";
     std::string output;
 };
 
@@ -44,7 +45,9 @@ CGImage joined(const std::vector<ImageBox>& pictures) {
 
 void run(const FilmstripOptions& options) {
     const DraftDocument document = FileDraftStore::open(options.package);
-    const CGImage strip = joined(LiveRendering::shared().filmstrip(document, options.count, options.height));
+    const std::int64_t count = integerArgument("--count", options.count, 1, 100);
+    const std::int64_t height = integerArgument("--height", options.height, 8, 2048);
+    const CGImage strip = joined(LiveRendering::shared().filmstrip(document, count, height));
     writeOutputFile(PNGCodec::encode(strip), options.output);
     const std::string size = std::to_string(strip.width()) + " × " + std::to_string(strip.height());
     std::printf("%s\n", L10n::format("cli.render.written", {options.output, size}).c_str());
@@ -56,9 +59,8 @@ void addFilmstripCommand(CLI::App& app) {
     CLI::App* command = app.add_subcommand("filmstrip", "Compose a strip of evenly spaced pictures of a draft's capture");
     auto options = std::make_shared<FilmstripOptions>();
     command->add_option("PACKAGE", options->package, "An .ovikwork package folder")->required();
-    command->add_option("--count", options->count, "How many pictures")->check(CLI::Range(std::int64_t(1), std::int64_t(100)));
-    command->add_option("--height", options->height, "The height of each picture in pixels")
-        ->check(CLI::Range(std::int64_t(8), std::int64_t(2048)));
+    command->add_option("--count", options->count, "How many pictures, 1 to 100");
+    command->add_option("--height", options->height, "The height of each picture in pixels, 8 to 2048");
     command->add_option("--output", options->output, "The PNG to write")->required();
     command->callback([options] { run(*options); });
 }

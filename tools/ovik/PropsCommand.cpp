@@ -1,14 +1,15 @@
 #include <CLI/CLI.hpp>
 
 #include <cstdio>
-#include <map>
 #include <optional>
 #include <memory>
 #include <string>
 
 #include "Command.h"
+#include "OvikL10n/L10n.h"
 #include "OvikModel/scene/PropertyTable.h"
 #include "OvikPlatform/json/JSONValue.h"
+#include "UsageError.h"
 
 namespace ovik::cli {
 namespace {
@@ -44,22 +45,24 @@ void run(const std::string& prefix, const std::optional<PropertyTargetKind>& wri
     }
 }
 
+PropertyTargetKind targetKind(const std::string& word) {
+    std::string words;
+    for (const auto& [kind, name] : enumCases(static_cast<PropertyTargetKind*>(nullptr)).cases) {
+        if (name == word) return kind;
+        words += (words.empty() ? "" : ", ") + std::string(name);
+    }
+    throw UsageError(L10n::format("cli.props.unknownTarget", {word, words}));
+}
+
 } // namespace
 
 void addPropsCommand(CLI::App& app) {
     CLI::App* command = app.add_subcommand("props", "List the properties of the table: name, value, range, targets");
     auto prefix = std::make_shared<std::string>();
-    auto writable = std::make_shared<std::optional<PropertyTargetKind>>();
+    auto writable = std::make_shared<std::optional<std::string>>();
     command->add_option("PREFIX", *prefix, "Only the names that begin with this");
-    std::map<std::string, PropertyTargetKind> kinds;
-    for (const auto& [kind, name] : enumCases(static_cast<PropertyTargetKind*>(nullptr)).cases)
-        kinds.emplace(std::string(name), kind);
-    command
-        ->add_option_function<std::string>(
-            "--writable", [writable, kinds](const std::string& word) { *writable = kinds.at(word); },
-            "Only the rows that can be written on this kind of target")
-        ->check(CLI::IsMember(kinds));
-    command->callback([prefix, writable] { run(*prefix, *writable); });
+    command->add_option("--writable", *writable, "Only the rows that can be written on this kind of target");
+    command->callback([prefix, writable] { run(*prefix, *writable ? std::optional(targetKind(**writable)) : std::nullopt); });
 }
 
 } // namespace ovik::cli

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "Command.h"
+#include "CommandLine.h"
 #include "OvikDrafts/FileDraftStore.h"
 #include "OvikL10n/L10n.h"
 #include "OvikModel/animation/DraftAppearance.h"
@@ -19,7 +20,7 @@ namespace {
 struct StateOptions {
     std::string package;
     std::string object;
-    std::int64_t at = 0;
+    std::string at;
     bool json = false;
 };
 
@@ -70,10 +71,11 @@ JSONValue appearanceJSON(const ObjectAppearance& look, bool forPeople) {
 }
 
 void run(const StateOptions& options) {
+    const std::int64_t at = momentArgument("--at", options.at);
     const Draft draft = FileDraftStore::readDraft(options.package);
     const ObjectNode& node = objectNamed(draft, options.object);
-    const auto look = rawAppearance(draft, node, OutputTime{options.at});
-    if (!look) throw Error(L10n::format("cli.state.notShown", {node.name, std::to_string(options.at)}));
+    const auto look = rawAppearance(draft, node, OutputTime{at});
+    if (!look) throw Error(L10n::format("cli.state.notShown", {node.name, std::to_string(at)}));
     const JSONValue json = appearanceJSON(*look, !options.json);
     if (options.json) {
         std::printf("%s\n", JSONWriter::write(json).c_str());

@@ -6,11 +6,13 @@
 #include <string>
 
 #include "Command.h"
+#include "CommandLine.h"
 #include "OvikDrafts/OutputFile.h"
 #include "OvikL10n/L10n.h"
 #include "OvikPlatform/codecs/PNGCodec.h"
 #include "OvikPlatform/json/JSONWriter.h"
 #include "OvikQuickLookThumbnail/ThumbnailHost.h"
+#include "UsageError.h"
 
 namespace ovik::cli {
 namespace {
@@ -18,7 +20,7 @@ namespace {
 struct ThumbnailOptions {
     std::string package;
     std::string size;
-    double scale = 1;
+    std::string scale = "1";
     std::string output;
     bool json = false;
 };
@@ -30,7 +32,7 @@ CGSize boxSize(const std::string& text) {
         double value = 0;
         auto [ptr, ec] = std::from_chars(part.data(), part.data() + part.size(), value);
         if (ec != std::errc() || ptr != part.data() + part.size() || !(value > 0) || value > 16384)
-            throw CLI::ValidationError("--size", L10n::format("cli.thumbnail.badSize", {text}));
+            throw UsageError(L10n::format("cli.thumbnail.badSize", {text}));
         return value;
     };
     const std::string_view all(text);
@@ -54,7 +56,8 @@ void report(const HostedThumbnail& thumbnail, const ThumbnailOptions& options) {
 }
 
 void run(const ThumbnailOptions& options) {
-    const ThumbnailRequest request{options.package, boxSize(options.size), options.scale};
+    const ThumbnailRequest request{options.package, boxSize(options.size),
+                                   numberArgument("--scale", options.scale, 0.25, 8)};
     const HostedThumbnail thumbnail = ThumbnailHost::answer(request);
     writeOutputFile(PNGCodec::encode(thumbnail.image), options.output);
     report(thumbnail, options);
@@ -67,7 +70,7 @@ void addThumbnailCommand(CLI::App& app) {
     auto options = std::make_shared<ThumbnailOptions>();
     command->add_option("PACKAGE", options->package, "An .ovikwork package folder")->required();
     command->add_option("--size", options->size, "The largest size in points: N or NxM")->required();
-    command->add_option("--scale", options->scale, "Pixels per point of the screen")->check(CLI::Range(0.25, 8.0));
+    command->add_option("--scale", options->scale, "Pixels per point of the screen, 0.25 to 8");
     command->add_option("--output", options->output, "The PNG to write")->required();
     command->add_flag("--json", options->json, "Tell what answered as JSON");
     command->callback([options] { run(*options); });

@@ -6,6 +6,8 @@
 #include <string>
 
 #include "Command.h"
+#include "CommandLine.h"
+#include "FilmMoment.h"
 #include "OvikDrafts/FileDraftStore.h"
 #include "OvikL10n/L10n.h"
 #include "OvikModel/time/ClockReading.h"
@@ -13,24 +15,20 @@
 #include "OvikPlatform/Error.h"
 #include "OvikPlatform/json/JSONWriter.h"
 #include "TimeTable.h"
+#include "UsageError.h"
 
 namespace ovik::cli {
 namespace {
 
 struct TimeOptions {
     std::string package;
-    std::optional<std::int64_t> output, played, source;
+    std::optional<std::string> output, played, source;
     std::string section;
     bool json = false;
     bool table = false;
 };
 
 std::string number(std::int64_t microseconds) { return std::to_string(microseconds); }
-
-void requireWithin(std::int64_t time, MediaDuration length) {
-    if (time < 0 || time > length.microseconds)
-        throw Error(L10n::format("cli.time.outside", {number(time), number(length.microseconds)}));
-}
 
 SectionID sectionNamed(const Draft& draft, const std::string& text) {
     if (text.empty()) return draft.sections[0].id;
@@ -65,23 +63,27 @@ void print(const ClockReading& moment, bool json) {
 }
 
 void run(const TimeOptions& options) {
+    const auto moment = [](const char* option, const std::optional<std::string>& text) {
+        return text ? std::optional(momentArgument(option, *text)) : std::nullopt;
+    };
+    const auto output = moment("--output", options.output), played = moment("--played", options.played),
+               source = moment("--source", options.source);
     const Draft draft = FileDraftStore::readDraft(options.package);
-    const auto line = timeline(draft);
-    if (!line || line->entries().empty()) throw Error(L10n::text("cli.time.noTimeline"));
+    const MediaDuration length = filmLength(draft);
     if (options.table) {
-        std::printf("%s", TimeTable::text(draft, *line).c_str());
+        std::printf("%s", TimeTable::text(draft, *timeline(draft)).c_str());
         return;
     }
-    if (options.output) {
-        requireWithin(*options.output, line->duration());
-        print(ClockReading::atOutput(draft, OutputTime{*options.output}), options.json);
-    } else if (options.played) {
+    if (output) {
+        requireOnFilm(*output, length);
+        print(ClockReading::atOutput(draft, OutputTime{*output}), options.json);
+    } else if (played) {
         const auto plain = playedTimeline(draft);
-        requireWithin(*options.played, plain ? plain->duration() : MediaDuration{});
-        print(ClockReading::atPlayed(draft, OutputTime{*options.played}), options.json);
+        requireOnFilm(*played, plain ? plain->duration() : MediaDuration{});
+        print(ClockReading::atPlayed(draft, OutputTime{*played}), options.json);
     } else {
-        const AnchoredTime source{sectionNamed(draft, options.section), SourceTime{*options.source}};
-        print(ClockReading::atSource(draft, source), options.json);
+        const AnchoredTime anchored{sectionNamed(draft, options.section), SourceTime{*source}};
+        print(ClockReading::atSource(draft, anchored), options.json);
     }
 }
 
@@ -106,7 +108,7 @@ void addTimeCommand(CLI::App& app) {
     json->excludes(table);
     command->callback([options] {
         if (!options->output && !options->played && !options->source && !options->table)
-            throw CLI::ValidationError("--output", L10n::text("cli.time.nothing"));
+            throw UsageError(L10n::text("cli.time.nothing"));
         run(*options);
     });
 }

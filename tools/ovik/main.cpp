@@ -2,11 +2,8 @@
 // failure; 2 for wrong usage.
 #include <CLI/CLI.hpp>
 
-#include <cstdio>
-#include <exception>
-
 #include "Command.h"
-#include "OvikPlatform/Error.h"
+#include "CommandLine.h"
 
 int main(int argc, char** argv) {
     CLI::App app{"Ovik: reads, renders and converts .ovikwork drafts", "ovik"};
@@ -22,19 +19,5 @@ int main(int argc, char** argv) {
     ovik::cli::addStateCommand(app);
     ovik::cli::addRenderCommand(app);
     ovik::cli::addFilmstripCommand(app);
-    try {
-        app.parse(argc, argv);
-    } catch (const CLI::CallForHelp& help) {
-        return app.exit(help);
-    } catch (const CLI::ParseError& error) {
-        std::fprintf(stderr, "%s\n\n%s", error.what(), app.help().c_str());
-        return 2;
-    } catch (const ovik::Error& error) {
-        std::fprintf(stderr, "%s\n", error.what());
-        return 1;
-    } catch (const std::exception& error) {
-        std::fprintf(stderr, "%s\n", error.what());
-        return 1;
-    }
-    return 0;
+    return ovik::cli::runCommandLine(app, argc, argv);
 }

@@ -1,12 +1,12 @@
 // `ovik-thumbnailer -s SIZE INPUT OUTPUT`: the thumbnailer that freedesktop file managers
 // run for .ovikwork packages. INPUT is a path or a file:// URI; OUTPUT gets a PNG whose long
 // side is at most SIZE. Exit status 0 on success, 1 when no thumbnail can be made, 2 for
-// wrong usage.
+// wrong usage. A failure says on standard error that the draft can't be read, and why.
 #include <CLI/CLI.hpp>
 
-#include <cstdio>
 #include <string>
 
+#include "CommandLine.h"
 #include "OvikDrafts/OutputFile.h"
 #include "OvikPlatform/codecs/PNGCodec.h"
 #include "OvikQuickLookThumbnail/ThumbnailHost.h"
@@ -40,26 +40,16 @@ std::string localPath(const std::string& input) {
 
 int main(int argc, char** argv) {
     CLI::App app{"Makes the thumbnail of an .ovikwork package for file managers", "ovik-thumbnailer"};
-    int size = 256;
+    std::string size;
     std::string input, output;
-    app.add_option("-s,--size", size, "The largest side in pixels")->required()->check(CLI::Range(1, 4096));
+    app.add_option("-s,--size", size, "The largest side in pixels, 1 to 4096")->required();
     app.add_option("INPUT", input, "The package, as a path or a file:// URI")->required();
     app.add_option("OUTPUT", output, "The PNG to write")->required();
-    try {
-        app.parse(argc, argv);
-    } catch (const CLI::CallForHelp& help) {
-        return app.exit(help);
-    } catch (const CLI::ParseError& error) {
-        std::fprintf(stderr, "%s\n\n%s", error.what(), app.help().c_str());
-        return 2;
-    }
-    try {
-        const ovik::ThumbnailRequest request{localPath(input), {double(size), double(size)}, 1};
+    app.callback([&] {
+        const auto side = double(ovik::cli::integerArgument("--size", size, 1, 4096));
+        const ovik::ThumbnailRequest request{localPath(input), {side, side}, 1};
         const ovik::HostedThumbnail thumbnail = ovik::ThumbnailHost::answer(request);
         ovik::writeOutputFile(ovik::PNGCodec::encode(thumbnail.image), output);
-    } catch (const std::exception& error) {
-        std::fprintf(stderr, "%s: %s\n", input.c_str(), error.what());
-        return 1;
-    }
-    return 0;
+    });
+    return ovik::cli::runCommandLine(app, argc, argv);
 }

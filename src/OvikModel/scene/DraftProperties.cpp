@@ -94,6 +94,19 @@ std::optional<std::string> setOnDraft(Draft& draft, const JSONValue& value, cons
     return undoName(spec);
 }
 
+// The row's own write, by where the path stands.
+std::optional<std::string> written(Draft& draft, const JSONValue& value, const PropertyPath& path) {
+    if (path.effect) return setEffect(draft, value, path);
+    refuseGeneratorParam(path);
+    const PropertySpec& spec = path.key.spec();
+    using T = PropertyPath::Target;
+    if (const auto* object = std::get_if<T::object>(&path.target.cases)) return setOnObject(draft, value, object->id, spec);
+    if (const auto* media = std::get_if<T::media>(&path.target.cases)) return setOnMedia(draft, value, media->id, spec);
+    if (path.target.is<T::space>() || path.target.is<T::spaceNode>()) return setSpace(draft, value, path);
+    if (path.target.is<T::section>()) refuse("model.property.path.notLookProperty", {spec.name});
+    return setOnDraft(draft, value, spec);
+}
+
 } // namespace
 
 std::optional<JSONValue> propertyValue(const Draft& draft, const PropertyPath& path) {
@@ -116,15 +129,12 @@ std::optional<JSONValue> propertyValue(const Draft& draft, const PropertyPath& p
 }
 
 std::optional<std::string> setProperty(Draft& draft, const JSONValue& value, const PropertyPath& path) {
-    if (path.effect) return setEffect(draft, value, path);
-    refuseGeneratorParam(path);
-    const PropertySpec& spec = path.key.spec();
-    using T = PropertyPath::Target;
-    if (const auto* object = std::get_if<T::object>(&path.target.cases)) return setOnObject(draft, value, object->id, spec);
-    if (const auto* media = std::get_if<T::media>(&path.target.cases)) return setOnMedia(draft, value, media->id, spec);
-    if (path.target.is<T::space>() || path.target.is<T::spaceNode>()) return setSpace(draft, value, path);
-    if (path.target.is<T::section>()) refuse("model.property.path.notLookProperty", {spec.name});
-    return setOnDraft(draft, value, spec);
+    // A value that differs from the stored one only below what is stored (an offset finer than a
+    // microsecond) changes nothing, though the comparison before the write can't see that.
+    const Draft before = draft;
+    const std::optional<std::string> undo = written(draft, value, path);
+    if (undo && draft == before) return std::nullopt;
+    return undo;
 }
 
 } // namespace ovik

@@ -107,6 +107,9 @@ struct PropertySpec {
         return objectAccess || sectionAccess || mediaAccess || (space && !space->key.empty() && form);
     }
     bool standsOn(PropertyTargetKind kind) const;
+    /// Whether a write on a target of `kind` reaches the row. Space rows stand on the draft but
+    /// are written on a section's space, so the draft itself writes only its own settings.
+    bool writesOn(PropertyTargetKind kind) const;
     /// The title and help in the language in force.
     std::string title() const;
     std::string help() const;

@@ -116,7 +116,7 @@ const std::vector<PropertyKey>& PropertyTable::spaceKeys() {
 }
 
 std::vector<PropertyKey> PropertyTable::writableKeys(PropertyTargetKind target) {
-    return keysWhere([target](const PropertySpec& spec) { return spec.writes() && spec.standsOn(target); });
+    return keysWhere([target](const PropertySpec& spec) { return spec.standsOn(target) && spec.writesOn(target); });
 }
 
 const std::array<double, PropertyTable::numberPlaces>& PropertyTable::restNumbers() {

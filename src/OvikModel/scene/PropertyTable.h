@@ -29,7 +29,7 @@ struct PropertyTable {
     static const std::vector<PropertyKey>& animatable();
     /// The keys of a space's fields, in table order.
     static const std::vector<PropertyKey>& spaceKeys();
-    /// The keys, in table order, whose rows can be written and stand on `target`.
+    /// The keys, in table order, whose rows stand on `target` and can be written there.
     static std::vector<PropertyKey> writableKeys(PropertyTargetKind target);
 
     /// 0 at every number place, 1 where actions multiply.

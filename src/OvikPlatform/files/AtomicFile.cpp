@@ -100,6 +100,9 @@ void write(std::string_view data, const std::filesystem::path& target) {
         // names the file the caller asked for, never our temporary name.
         (void)::unlink(temporary.c_str());
         throw PosixError(error.code(), target);
+    } catch (...) {
+        (void)::unlink(temporary.c_str());
+        throw;
     }
 }
 

@@ -35,6 +35,18 @@ DecodingError DecodingError::dataCorrupted(const CodingPath& path, std::string d
     return DecodingError(Kind::dataCorrupted, path.keys(), std::move(description));
 }
 
+DecodingError DecodingError::notJSON(std::string description) {
+    DecodingError error = dataCorrupted(CodingPath(), std::move(description));
+    error.damage_ = Damage::notJSON;
+    return error;
+}
+
+DecodingError DecodingError::numberOutOfRange(const CodingPath& path, std::string description) {
+    DecodingError error = dataCorrupted(path, std::move(description));
+    error.damage_ = Damage::numberOutOfRange;
+    return error;
+}
+
 EncodingError::EncodingError(std::vector<CodingKey> codingPath, std::string debugDescription)
     : Error(composed(codingPath, debugDescription)), codingPath_(std::move(codingPath)),
       debugDescription_(std::move(debugDescription)) {}

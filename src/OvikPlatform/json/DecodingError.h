@@ -12,6 +12,10 @@ namespace ovik {
 class DecodingError : public Error {
 public:
     enum class Kind { keyNotFound, valueNotFound, typeMismatch, dataCorrupted };
+    /// What damage a `dataCorrupted` error found, where a person is told it in words of their
+    /// own rather than by the description: text that isn't JSON at all (the parser's reason
+    /// means nothing to them), or a number too large for its field.
+    enum class Damage { described, notJSON, numberOutOfRange };
 
     DecodingError(Kind kind, std::vector<CodingKey> codingPath, std::string debugDescription);
 
@@ -19,13 +23,17 @@ public:
     static DecodingError valueNotFound(const CodingPath& path, std::string_view type);
     static DecodingError typeMismatch(const CodingPath& path, std::string_view type, std::string_view found);
     static DecodingError dataCorrupted(const CodingPath& path, std::string description);
+    static DecodingError notJSON(std::string description);
+    static DecodingError numberOutOfRange(const CodingPath& path, std::string description);
 
     Kind kind() const { return kind_; }
     const std::vector<CodingKey>& codingPath() const { return codingPath_; }
     const std::string& debugDescription() const { return debugDescription_; }
+    Damage damage() const { return damage_; }
 
 private:
     Kind kind_;
+    Damage damage_ = Damage::described;
     std::vector<CodingKey> codingPath_;
     std::string debugDescription_;
 };

@@ -19,7 +19,7 @@ void doesNotFit(JSONNode node, const CodingPath& path, std::string_view type) {
         digits = std::to_string(whole);
     else
         JSONNumberText::appendDouble(digits, node.number());
-    throw DecodingError::dataCorrupted(path, "Parsed JSON number <" + digits + "> does not fit in " + std::string(type) + ".");
+    throw DecodingError::numberOutOfRange(path, "Parsed JSON number <" + digits + "> does not fit in " + std::string(type) + ".");
 }
 
 } // namespace json_detail

@@ -33,8 +33,7 @@ JSONDocument JSONDocument::parse(std::string_view bytes) {
     simdjson::dom::element root;
     auto error = document.storage_->parser.parse(bytes.data(), bytes.size(), true).get(root);
     if (error) {
-        throw DecodingError::dataCorrupted(CodingPath(), std::string("The given data was not valid JSON: ") +
-                                                             simdjson::error_message(error));
+        throw DecodingError::notJSON(std::string("The given data was not valid JSON: ") + simdjson::error_message(error));
     }
     return document;
 }
