@@ -49,12 +49,13 @@ TEST(MemoTable, EmptiesWholeWhenFull) {
 TEST(PictureCache, KeepsTheSixteenLastUsed) {
     PictureCache cache;
     const ImageBox picture{std::make_shared<const CGImage>(1, 1, 4, std::vector<std::uint8_t>(4))};
+    const auto key = [](int i) { return PictureCache::Key{std::to_string(i), 0}; };
     for (int i = 0; i <= 16; ++i) {
-        cache.insert(std::to_string(i), picture);
-        if (i == 15) cache.value("0"); // 0 is used again, so 1 is the oldest when a 17th comes
+        cache.insert(key(i), picture);
+        if (i == 15) cache.value(key(0)); // 0 is used again, so 1 is the oldest when a 17th comes
     }
-    EXPECT_TRUE(cache.value("0") && cache.value("2") && cache.value("16"));
-    EXPECT_FALSE(cache.value("1"));
+    EXPECT_TRUE(cache.value(key(0)) && cache.value(key(2)) && cache.value(key(16)));
+    EXPECT_FALSE(cache.value(key(1)));
 }
 
 TEST(RenderError, MessagesAndRetries) {

@@ -69,10 +69,12 @@ TEST_F(CommandRefusals, BadCommandLinesExitWithTheirStatusAndOurWords) {
 // A failed write names the file asked for, never our temporary file beside it.
 TEST_F(CommandRefusals, AFailedWriteNamesTheOutputNotItsTemporaryFile) {
     const L10n::LanguageOverride english("en");
-    const CommandResult result =
-        runOvik({"render", animation, "--output", (folder / "gone" / "x.png").string()}, {"OVIK_LANGUAGE=en"});
+    const std::string output = (folder / "gone" / "x.png").string();
+    const CommandResult result = runOvik({"render", animation, "--output", output}, {"OVIK_LANGUAGE=en"});
     EXPECT_EQ(result.status, 1);
-    EXPECT_EQ(result.err, L10n::format("drafts.files.noSuchFile", {"x.png"}) + "\n");
+    EXPECT_EQ(result.err, L10n::format("drafts.output.cannotWrite",
+                                       {output, L10n::format("drafts.files.noSuchFile", {"x.png"})}) +
+                              "\n");
 }
 
 // A picture that can't be read is named by its place in the package and what is wrong with it,

@@ -46,7 +46,7 @@ TEST_F(SpecialMediaFiles, AreRefusedAtOnceAsUnreadable) {
 // A playlist is a movie whose pictures are other files: opening them would escape the check
 // of the one file named, so the movie is unreadable, whatever its parts are.
 TEST_F(SpecialMediaFiles, AMovieThatNamesOtherFilesIsUnreadable) {
-    testing::makeFIFO(folder / "part.ts");
+    testing::makeFifo(folder / "part.ts");
     const fs::path playlist = folder / "movie.mov";
     writeText(playlist, "#EXTM3U\n#EXT-X-TARGETDURATION:1\n#EXTINF:1,\npart.ts\n#EXT-X-ENDLIST\n");
     const auto flags = std::make_shared<ReadFlags>();
