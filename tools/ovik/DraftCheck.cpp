@@ -116,7 +116,9 @@ void checkKeptThumbnails(const DraftDocument& document, std::vector<std::string>
             package.render(thumbnailKey(document.draft, size), "png", RenderKey::thumbnailFileName(size));
         if (!file) continue;
         try {
-            PNGCodec::decode(readFile(*file));
+            // Decoded as a host shows it: reduced to its rung, refused from the header when
+            // far larger than a thumbnail of that size could show.
+            PNGCodec::decode(readFile(*file), size);
         } catch (const Error&) {
             out.push_back(problem("cli.draft.badKeptRender", relativeTo(*file, document.packageURL)));
         }
