@@ -10,25 +10,11 @@
 #include "OvikPlatform/codecs/PeakMemory.h"
 #include "OvikPlatform/codecs/Quadrants.h"
 #include "OvikPlatform/codecs/RowReducer.h"
-#include "OvikPlatform/media/FFmpegTool.h"
-#include "OvikPlatform/media/TestMovies.h"
 
 namespace ovik {
 namespace {
 
-using testing::blue, testing::green, testing::red, testing::white;
-
-std::string quadrantsByFFmpeg(const std::string& name, std::int64_t width, std::int64_t height,
-                              const std::string& options = "") {
-    const std::filesystem::path path = testing::TestMovies::folder() / name;
-    const std::string size = std::to_string(width) + "x" + std::to_string(height);
-    EXPECT_TRUE(testing::runFFmpeg("-f lavfi -i \"color=c=red:s=" + size + ",format=rgb24," +
-                                   "drawbox=x=iw/2:y=0:w=iw/2:h=ih/2:color=lime:t=fill," +
-                                   "drawbox=x=0:y=ih/2:w=iw/2:h=ih/2:color=blue:t=fill," +
-                                   "drawbox=x=iw/2:y=ih/2:w=iw/2:h=ih/2:color=white:t=fill\" -frames:v 1 " + options +
-                                   " " + path.string()));
-    return testing::fileBytes(path);
-}
+using testing::blue, testing::green, testing::red, testing::white, testing::quadrantsByFFmpeg;
 
 // The same quadrants as an Adam7 interlaced PNG, which ffmpeg doesn't write.
 std::string interlacedQuadrants(std::int64_t width, std::int64_t height) {
@@ -48,7 +34,7 @@ std::string interlacedQuadrants(std::int64_t width, std::int64_t height) {
     for (int pass = png_set_interlace_handling(png); pass > 0; --pass)
         for (std::int64_t y = 0; y < height; ++y) {
             for (std::int64_t x = 0; x < width; ++x) {
-                const testing::RGBA c = y < height / 2 ? (x < width / 2 ? red : green) : (x < width / 2 ? blue : white);
+                const testing::RGBA c = testing::quadrantColour(x, y, width, height);
                 for (int k = 0; k < 3; ++k) row[std::size_t(x * 3 + k)] = std::uint8_t(c[std::size_t(k)]);
             }
             png_write_row(png, row.data());
