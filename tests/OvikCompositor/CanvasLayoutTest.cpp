@@ -75,21 +75,17 @@ TEST(CanvasLayout, DevicesReachPastTheContentAndShapeItsCorners) {
         return CanvasLayout({1000, 600}, 1, styled(0, AspectRatio::makeFree(), device, 20), std::nullopt, std::nullopt,
                             std::nullopt).cornerRadius;
     };
-    EXPECT_EQ(radius(DeviceFrame::none), 20);
-    EXPECT_EQ(radius(DeviceFrame::macBook), 0);
+    EXPECT_TRUE(radius(DeviceFrame::none) == 20 && radius(DeviceFrame::macBook) == 0);
     EXPECT_DOUBLE_EQ(radius(DeviceFrame::iPhone), 0.14 * 600);
 }
 
 TEST(CanvasLayout, OutputSizesRoundHalvesUp) {
     const CanvasLayout layout({5, 7}, 1, Style{}, std::nullopt, std::nullopt, std::nullopt);
     // 2.5 and 3.5 both round away from zero; even sizes then drop their lowest bit.
-    EXPECT_EQ(layout.pixelSize(0.5, false), (PixelSize{3, 4}));
-    EXPECT_EQ(layout.pixelSize(0.5, true), (PixelSize{2, 4}));
-    EXPECT_EQ(layout.pixelSize(1, true), (PixelSize{4, 6}));
-    EXPECT_EQ(layout.pixelSize(0.1, true), (PixelSize{2, 2}));
-    EXPECT_EQ(layout.pixelSize(0.01, false), (PixelSize{1, 1}));
     // A scale of 0 or below counts as 1.
-    EXPECT_EQ(layout.pixelSize(0, false), (PixelSize{5, 7}));
+    const std::tuple<double, bool, PixelSize> cases[] = {{0.5, false, {3, 4}}, {0.5, true, {2, 4}}, {1, true, {4, 6}},
+                                                         {0.1, true, {2, 2}}, {0.01, false, {1, 1}}, {0, false, {5, 7}}};
+    for (const auto& [scale, even, size] : cases) EXPECT_EQ(layout.pixelSize(scale, even), size) << scale;
     EXPECT_EQ(layout.renderedContentRect(-2), layout.renderedContentRect(1));
 }
 

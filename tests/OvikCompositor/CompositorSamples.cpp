@@ -64,24 +64,34 @@ CGImage halves(std::int64_t width, std::int64_t height) {
     return CGImage(width, height, width * 4, std::move(pixels));
 }
 
-Draft recordingDraft(const Package& package) {
-    EXPECT_TRUE(runFFmpeg("-f lavfi -i color=red:s=64x48:r=30:d=1 -f lavfi -i color=blue:s=64x48:r=30:d=1 "
-                          "-filter_complex concat=n=2:v=1 -c:v libx264 -pix_fmt yuv420p -g 15 " +
-                          (package.root / "media/movie.mp4").string()));
+KeptStretch kept(std::int64_t start, std::int64_t end, double rate) {
+    KeptStretch stretch;
+    stretch.range = {SourceTime{start}, SourceTime{end}};
+    stretch.rate = rate;
+    return stretch;
+}
+
+Draft keptRecording(const Package& package, const std::string& input, double seconds,
+                    std::vector<KeptStretch> stretches) {
+    EXPECT_TRUE(runFFmpeg(input + " -c:v libx264 -pix_fmt yuv420p " + (package.root / "media/movie.mp4").string()));
     Recording recording;
-    Segment segment;
-    segment.movie = PackagePath{"media/movie.mp4"};
-    segment.duration = MediaDuration::fromSeconds(2);
-    recording.segments = {segment};
+    recording.segments = {Segment{}};
+    recording.segments[0].movie = PackagePath{"media/movie.mp4"};
+    recording.segments[0].duration = MediaDuration::fromSeconds(seconds);
     recording.pixelSize = {64, 48};
     recording.frameRate = 30;
     Draft draft = oneMedia(MediaSource::makeRecording(recording));
-    KeptStretch whole;
-    whole.range = SourceRange{SourceTime{0}, SourceTime{2'000'000}};
     std::vector<Section> sections = draft.sections.items();
-    sections[0].length = Section::Length::makeKept({whole});
+    sections[0].length = Section::Length::makeKept(std::move(stretches));
     draft.sections = CowList<Section>(sections);
     return draft;
+}
+
+Draft recordingDraft(const Package& package) {
+    return keptRecording(package,
+                         "-f lavfi -i color=red:s=64x48:r=30:d=1 -f lavfi -i color=blue:s=64x48:r=30:d=1 "
+                         "-filter_complex concat=n=2:v=1 -g 15",
+                         2, {kept(0, 2'000'000)});
 }
 
 CGImage still(const Draft& draft, const std::filesystem::path& root, std::optional<std::int64_t> at,

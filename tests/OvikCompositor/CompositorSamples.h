@@ -7,6 +7,7 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <vector>
 
 #include "OvikCompositor/RenderError.h"
 #include "OvikModel/Draft.h"
@@ -35,6 +36,12 @@ Draft canvasDraft(RGBA colour, bool transparent = false);
 Draft screenshotDraft(PixelSize size, const char* path = "media/shot.png");
 /// Two halves: red on the left, green on the right.
 CGImage halves(std::int64_t width, std::int64_t height);
+/// A source stretch kept at `rate`.
+KeptStretch kept(std::int64_t start, std::int64_t end, double rate = 1);
+/// A draft of `stretches` of the recording "media/movie.mp4", 64 × 48 at 30 frames a second and
+/// `seconds` long, that ffmpeg writes into `package` from `input` (inputs, filters, options).
+Draft keptRecording(const Package& package, const std::string& input, double seconds,
+                    std::vector<KeptStretch> stretches);
 /// A draft of the recording "media/movie.mp4" that it writes into `package`: 64 × 48 at 30
 /// frames a second, one second of red, then one of blue, a key frame every 15 frames.
 Draft recordingDraft(const Package& package);

@@ -31,11 +31,8 @@ TEST(FrameScene, VideoWithoutAlphaShowsTheFrameOverBlack) {
         testing::RGBA expected;
     };
     // Linear 0.5 is 188 in sRGB; kept alpha is 128 with the colour premultiplied by it.
-    const Case cases[] = {
-        {FrameColors::video, {188, 0, 0, 255}},
-        {FrameColors::videoWithAlpha, {128, 0, 0, 128}},
-        {FrameColors::pictures, {128, 0, 0, 128}},
-    };
+    const Case cases[] = {{FrameColors::video, {188, 0, 0, 255}}, {FrameColors::videoWithAlpha, {128, 0, 0, 128}},
+                          {FrameColors::pictures, {128, 0, 0, 128}}};
     for (const Case& c : cases) {
         const FrameScene scene(rendering.graph(), prepared, 1, c.colors);
         const CGImage image = rendered(scene, FrameMoment{});

@@ -3,36 +3,18 @@
 #include "CompositorSamples.h"
 #include "OvikCompositor/FrameScene.h"
 #include "OvikCompositor/LiveRendering.h"
-#include "OvikPlatform/media/FFmpegTool.h"
 
 namespace ovik {
 namespace {
 
+using testing::kept;
 using testing::Package;
-
-KeptStretch kept(std::int64_t start, std::int64_t end, double rate = 1) {
-    KeptStretch stretch;
-    stretch.range = {SourceTime{start}, SourceTime{end}};
-    stretch.rate = rate;
-    return stretch;
-}
 
 // Three seconds at 30 frames a second, with key frames at the whole seconds only, kept as
 // `stretches` of its one segment.
 Draft keyFramedRecording(const Package& package, std::vector<KeptStretch> stretches) {
-    EXPECT_TRUE(testing::runFFmpeg("-f lavfi -i testsrc2=s=64x48:r=30:d=3 -c:v libx264 -g 30 -sc_threshold 0 -bf 0 "
-                                   "-pix_fmt yuv420p " + (package.root / "media/movie.mp4").string()));
-    Recording recording;
-    recording.segments = {Segment{}};
-    recording.segments[0].movie = PackagePath{"media/movie.mp4"};
-    recording.segments[0].duration = MediaDuration::fromSeconds(3);
-    recording.pixelSize = {64, 48};
-    recording.frameRate = 30;
-    Draft draft = testing::oneMedia(MediaSource::makeRecording(recording));
-    std::vector<Section> sections = draft.sections.items();
-    sections[0].length = Section::Length::makeKept(std::move(stretches));
-    draft.sections = CowList<Section>(sections);
-    return draft;
+    return testing::keptRecording(package, "-f lavfi -i testsrc2=s=64x48:r=30:d=3 -g 30 -sc_threshold 0 -bf 0", 3,
+                                  std::move(stretches));
 }
 
 // A poster takes the key frame before its moment rather than decoding up to it; what is drawn

@@ -34,19 +34,14 @@ TEST(UUID, AnythingButTheCanonicalFormIsRefused) {
 }
 
 TEST(UUID, RandomIsVersionFourOfTheStandardVariant) {
-    const UUID a = UUID::random(), b = UUID::random();
-    EXPECT_NE(a, b);
-    for (const UUID& uuid : {a, b}) {
-        EXPECT_EQ(uuid.bytes()[6] >> 4, 4);
-        EXPECT_EQ(uuid.bytes()[8] >> 6, 2);
-    }
+    const UUID uuid = UUID::random();
+    EXPECT_NE(uuid, UUID::random());
+    EXPECT_EQ(uuid.bytes()[6] >> 4, 4);
+    EXPECT_EQ(uuid.bytes()[8] >> 6, 2);
 }
 
-TEST(UUID, OrderAndHashFollowTheBytes) {
-    const UUID low = *UUID::parse("00000000-0000-0000-0000-0000000000FF");
-    const UUID high = *UUID::parse("01000000-0000-0000-0000-000000000000");
-    EXPECT_LT(low, high);
-    EXPECT_NE(std::hash<UUID>()(low), std::hash<UUID>()(high));
+TEST(UUID, OrderFollowsTheBytes) {
+    EXPECT_LT(*UUID::parse("00000000-0000-0000-0000-0000000000FF"), *UUID::parse("01000000-0000-0000-0000-000000000000"));
 }
 
 TEST(UUID, JSONIsTheBareUpperCaseText) {
@@ -56,7 +51,6 @@ TEST(UUID, JSONIsTheBareUpperCaseText) {
     const std::pair<const char*, DecodingError::Kind> refused[] = {
         {R"(["E621E1F8-C36C-495A-93FC-0C247A3E6E5"])", DecodingError::Kind::dataCorrupted},
         {R"([42])", DecodingError::Kind::typeMismatch},
-        {R"([null])", DecodingError::Kind::valueNotFound},
     };
     for (const auto& [json, kind] : refused) {
         try {

@@ -10,25 +10,11 @@
 #include "OvikPlatform/codecs/PeakMemory.h"
 #include "OvikPlatform/codecs/Quadrants.h"
 #include "OvikPlatform/codecs/RowReducer.h"
-#include "OvikPlatform/media/FFmpegTool.h"
-#include "OvikPlatform/media/TestMovies.h"
 
 namespace ovik {
 namespace {
 
-using testing::blue, testing::green, testing::red, testing::white;
-
-std::string quadrantsByFFmpeg(const std::string& name, std::int64_t width, std::int64_t height,
-                              const std::string& options = "") {
-    const std::filesystem::path path = testing::TestMovies::folder() / name;
-    const std::string size = std::to_string(width) + "x" + std::to_string(height);
-    EXPECT_TRUE(testing::runFFmpeg("-f lavfi -i \"color=c=red:s=" + size + ",format=rgb24," +
-                                   "drawbox=x=iw/2:y=0:w=iw/2:h=ih/2:color=lime:t=fill," +
-                                   "drawbox=x=0:y=ih/2:w=iw/2:h=ih/2:color=blue:t=fill," +
-                                   "drawbox=x=iw/2:y=ih/2:w=iw/2:h=ih/2:color=white:t=fill\" -frames:v 1 " + options +
-                                   " " + path.string()));
-    return testing::fileBytes(path);
-}
+using testing::blue, testing::green, testing::red, testing::white, testing::quadrantsByFFmpeg;
 
 // The same quadrants as an Adam7 interlaced PNG, which ffmpeg doesn't write.
 std::string interlacedQuadrants(std::int64_t width, std::int64_t height) {
@@ -48,7 +34,7 @@ std::string interlacedQuadrants(std::int64_t width, std::int64_t height) {
     for (int pass = png_set_interlace_handling(png); pass > 0; --pass)
         for (std::int64_t y = 0; y < height; ++y) {
             for (std::int64_t x = 0; x < width; ++x) {
-                const testing::RGBA c = y < height / 2 ? (x < width / 2 ? red : green) : (x < width / 2 ? blue : white);
+                const testing::RGBA c = testing::quadrantColour(x, y, width, height);
                 for (int k = 0; k < 3; ++k) row[std::size_t(x * 3 + k)] = std::uint8_t(c[std::size_t(k)]);
             }
             png_write_row(png, row.data());
@@ -62,10 +48,8 @@ TEST(RowReducer, FactorKeepsTheLongSideAtLeastTheSizeAsked) {
     struct Case {
         std::int64_t width, height, longSide, factor;
     };
-    const Case cases[] = {
-        {320, 200, 320, 1}, {639, 100, 320, 1}, {640, 100, 320, 2}, {100, 640, 320, 2},
-        {16000, 16000, 256, 62}, {64, 32, 300, 1}, {64, 32, 0, 64},
-    };
+    const Case cases[] = {{320, 200, 320, 1}, {639, 100, 320, 1}, {640, 100, 320, 2}, {100, 640, 320, 2},
+                          {16000, 16000, 256, 62}, {64, 32, 300, 1}, {64, 32, 0, 64}};
     for (const Case& c : cases)
         EXPECT_EQ(RowReducer::factor(c.width, c.height, c.longSide), c.factor)
             << c.width << "x" << c.height << " for " << c.longSide;
@@ -128,9 +112,8 @@ TEST(ReducedDecode, KeepsTheQuadrantsAtTheSizeAsked) {
 }
 
 TEST(ReducedDecode, PixelLimitGrowsWithTheSizeAsked) {
-    const std::pair<std::int64_t, std::int64_t> cases[] = {
-        {0, 1 << 25}, {1, 1 << 25}, {724, 1 << 25}, {725, 64 * 725 * 725}, {2048, 1 << 28}, {std::int64_t(1) << 40, 1 << 28},
-    };
+    const std::pair<std::int64_t, std::int64_t> cases[] = {{0, 1 << 25}, {724, 1 << 25}, {725, 64 * 725 * 725},
+                                                             {2048, 1 << 28}, {std::int64_t(1) << 40, 1 << 28}};
     for (const auto& [longSide, pixels] : cases) EXPECT_EQ(ImageLimits::pixelsFor(longSide), pixels) << longSide;
 }
 

@@ -27,14 +27,5 @@ TEST(Geometry, StandardizedRectHasNoNegativeSize) {
     EXPECT_EQ(flipped.width(), 4);
 }
 
-TEST(Geometry, ConcatenationAppliesInOrder) {
-    // Scale first, then move: (1, 1) -> (2, 2) -> (12, 2).
-    const auto t = CGAffineTransform::scale(2, 2).concatenating(CGAffineTransform::translation(10, 0));
-    EXPECT_EQ(t.apply({1, 1}), (CGPoint{12, 2}));
-    const auto r = CGAffineTransform::rotation(M_PI / 2).apply({1, 0});
-    EXPECT_NEAR(r.x, 0, 1e-12);
-    EXPECT_NEAR(r.y, 1, 1e-12);
-}
-
 } // namespace
 } // namespace ovik

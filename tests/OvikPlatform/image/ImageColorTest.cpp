@@ -83,7 +83,6 @@ TEST(ImageColor, AdjustmentsOfAKnownPixel) {
     const Case cases[] = {
         {"CIColorInvert", {}, {0.3f, 0.4f, 0.45f, 0.5f}},
         {"CIExposureAdjust", {{"inputEV", 1.0}}, {0.4f, 0.2f, 0.1f, 0.5f}},
-        {"CIExposureAdjust", {{"inputEV", -1.0}}, {0.1f, 0.05f, 0.025f, 0.5f}},
         {"CIColorClamp",
          {{"inputMinComponents", Vector4{0.25, 0, 0, 0}}, {"inputMaxComponents", Vector4{1, 0.15, 1, 0.4}}},
          {0.16f, 0.06f, 0.04f, 0.4f}},

@@ -27,25 +27,18 @@ TEST(ImageCompositing, PairsOfKnownPixels) {
         Pixel expected[4];
     };
     const Pixel none{};
+    const FilterInputs masked{{"inputMaskImage", test::constant(mask)}};
     const Case cases[] = {
         {"CISourceOverCompositing", {}, {s, {0.5f, 0.125f, 0.25f, 1}, d, none}},
         {"CIAdditionCompositing", {}, {s, {0.5f, 0.25f, 0.5f, 1}, d, none}},
         {"CISourceAtopCompositing", {}, {none, {0.5f, 0.125f, 0.25f, 1}, d, none}},
         {"CISourceOutCompositing", {}, {s, none, none, none}},
         {"CIMix", {{"inputAmount", 0.0}}, {none, d, d, none}},
-        {"CIMix",
-         {{"inputAmount", 0.5}},
-         {{0.25f, 0, 0, 0.25f}, {0.25f, 0.125f, 0.25f, 0.75f}, {0, 0.125f, 0.25f, 0.5f}, none}},
+        {"CIMix", {{"inputAmount", 0.5}}, {{0.25f, 0, 0, 0.25f}, {0.25f, 0.125f, 0.25f, 0.75f}, {0, 0.125f, 0.25f, 0.5f}, none}},
         {"CIMix", {{"inputAmount", 1.0}}, {s, s, none, none}},
-        {"CIBlendWithRedMask",
-         {{"inputMaskImage", test::constant(mask)}},
-         {blend(s, {}, 0.6f), blend(s, d, 0.6f), blend({}, d, 0.6f), none}},
-        {"CIBlendWithAlphaMask",
-         {{"inputMaskImage", test::constant(mask)}},
-         {blend(s, {}, 0.8f), blend(s, d, 0.8f), blend({}, d, 0.8f), none}},
-        {"CIBlendWithMask",
-         {{"inputMaskImage", test::constant(mask)}},
-         {blend(s, {}, luminance), blend(s, d, luminance), blend({}, d, luminance), none}},
+        {"CIBlendWithRedMask", masked, {blend(s, {}, 0.6f), blend(s, d, 0.6f), blend({}, d, 0.6f), none}},
+        {"CIBlendWithAlphaMask", masked, {blend(s, {}, 0.8f), blend(s, d, 0.8f), blend({}, d, 0.8f), none}},
+        {"CIBlendWithMask", masked, {blend(s, {}, luminance), blend(s, d, luminance), blend({}, d, luminance), none}},
     };
     for (const Case& c : cases) {
         FilterInputs inputs = c.extra;

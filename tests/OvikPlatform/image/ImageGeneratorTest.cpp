@@ -15,12 +15,14 @@ Image generated(const std::string& name, const FilterInputs& inputs) {
 
 Pixel grey(float level) { return {level, level, level, 1}; }
 
+Image blackToWhite(CGPoint from, CGPoint to) {
+    return generated("CILinearGradient", {{"inputPoint0", from}, {"inputPoint1", to},
+                                          {"inputColor0", ImageColor::black()}, {"inputColor1", ImageColor::white()}});
+}
+
 TEST(ImageGenerator, LinearGradientHoldsItsEndsAndMixesBetween) {
     // Black at the centre of pixel 0, white at the centre of pixel 8; mixed in linear light.
-    const Image across = generated("CILinearGradient", {{"inputPoint0", CGPoint{0.5, 0}},
-                                                        {"inputPoint1", CGPoint{8.5, 0}},
-                                                        {"inputColor0", ImageColor::black()},
-                                                        {"inputColor1", ImageColor::white()}});
+    const Image across = blackToWhite({0.5, 0}, {8.5, 0});
     EXPECT_TRUE(across.isInfinite());
     const test::Rendered out = render(across, {-3, 0, 15, 6});
     const std::pair<std::int64_t, float> levels[] = {{-3, 0}, {0, 0}, {2, 0.25f}, {4, 0.5f}, {8, 1}, {11, 1}};
@@ -29,11 +31,7 @@ TEST(ImageGenerator, LinearGradientHoldsItsEndsAndMixesBetween) {
         EXPECT_TRUE(near(out.at(x, 5), grey(level), 1e-6f)) << x;
     }
     // Along a diagonal: pixel (2, 7) has its centre half way.
-    const Image diagonal = generated("CILinearGradient", {{"inputPoint0", CGPoint{0, 0}},
-                                                          {"inputPoint1", CGPoint{10, 10}},
-                                                          {"inputColor0", ImageColor::black()},
-                                                          {"inputColor1", ImageColor::white()}});
-    EXPECT_TRUE(near(render(diagonal, {2, 7, 1, 1}).at(2, 7), grey(0.5f), 1e-6f));
+    EXPECT_TRUE(near(render(blackToWhite({0, 0}, {10, 10}), {2, 7, 1, 1}).at(2, 7), grey(0.5f), 1e-6f));
 }
 
 TEST(ImageGenerator, RadialGradientRunsBetweenItsRadii) {
@@ -42,13 +40,8 @@ TEST(ImageGenerator, RadialGradientRunsBetweenItsRadii) {
         std::int64_t x;
         float level;
     };
-    const Case cases[] = {
-        {2, 6, 0, 1},               // inside radius 0
-        {2, 6, 3, 1 - 0.38388348f}, // centre (3.5, 0.5) lies √12.5 away
-        {2, 6, 6, 0},               // beyond radius 1
-        {3, 3, 2, 1},
-        {3, 3, 3, 0}, // equal radii: a hard edge
-    };
+    // Inside radius 0; centre (3.5, 0.5) lies √12.5 away; beyond radius 1; equal radii, a hard edge.
+    const Case cases[] = {{2, 6, 0, 1}, {2, 6, 3, 1 - 0.38388348f}, {2, 6, 6, 0}, {3, 3, 2, 1}, {3, 3, 3, 0}};
     for (const Case& c : cases) {
         const Image ring = generated("CIRadialGradient", {{"inputCenter", CGPoint{0, 0}},
                                                           {"inputRadius0", c.radius0},
@@ -72,11 +65,8 @@ TEST(ImageGenerator, RoundedRectangleCoverage) {
         float coverage;
     };
     const CGRect square{{0, 0}, {10, 10}};
-    const Case cases[] = {
-        {square, 0, 0, 0, 1},           {square, 0, 9, 9, 1}, {square, 0, 10, 5, 0},
-        {square, 0, -1, 5, 0},          {square, 3, 0, 0, 0}, {square, 3, 1, 1, 1},
-        {square, 3, 0, 1, 0.58452405f}, {square, 3, 0, 5, 1}, {{{0.25, 0}, {9.5, 10}}, 0, 0, 5, 0.75f},
-    };
+    const Case cases[] = {{square, 0, 9, 9, 1}, {square, 0, 10, 5, 0}, {square, 0, -1, 5, 0}, {square, 3, 0, 0, 0},
+                          {square, 3, 1, 1, 1}, {square, 3, 0, 1, 0.58452405f}, {{{0.25, 0}, {9.5, 10}}, 0, 0, 5, 0.75f}};
     for (const Case& c : cases) {
         const Image shape = rounded(c.rect, c.radius);
         EXPECT_EQ(shape.extent(), c.rect);

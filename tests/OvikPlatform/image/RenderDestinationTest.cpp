@@ -15,12 +15,8 @@ TEST(RenderDestination, RefusesRowsThatCannotHoldThePixels) {
         std::uint8_t* pixels;
         std::int64_t width, height, bytesPerRow;
     };
-    const Case cases[] = {
-        {"no pixels", nullptr, 2, 2, 8},
-        {"no width", buffer.data(), 0, 2, 8},
-        {"a negative height", buffer.data(), 2, -1, 8},
-        {"rows shorter than the width", buffer.data(), 2, 2, 7},
-    };
+    const Case cases[] = {{"no pixels", nullptr, 2, 2, 8}, {"no width", buffer.data(), 0, 2, 8},
+                          {"a negative height", buffer.data(), 2, -1, 8}, {"short rows", buffer.data(), 2, 2, 7}};
     for (const Case& c : cases)
         EXPECT_THROW(RenderDestination(c.pixels, c.width, c.height, c.bytesPerRow), std::invalid_argument) << c.what;
     // An image of another size writes nothing.

@@ -55,12 +55,8 @@ TEST(JSONCoding, RecordRoundTripLeavesDefaultsOut) {
     const Outer sparse{"n", std::nullopt, Fit::fit, {}, {}, 7, {}};
     EXPECT_EQ(encodeJSON(sparse).compact(), R"({"code":"7","name":"n"})");
     EXPECT_EQ(decodeJSON<Outer>(std::string_view(R"({"code":"7","name":"n","unknown":{"x":1}})")), sparse);
-}
-
-TEST(JSONCoding, NullStandsForAbsenceExceptWhereRequired) {
-    const Outer decoded = decodeJSON<Outer>(std::string_view(R"({"code":"1","name":"n","scale":null,"fit":null})"));
-    EXPECT_FALSE(decoded.scale.has_value());
-    EXPECT_EQ(decoded.fit, Fit::fit);
+    // Null stands for absence except where required.
+    EXPECT_EQ(decodeJSON<Outer>(std::string_view(R"({"code":"7","name":"n","scale":null,"fit":null})")), sparse);
 }
 
 struct Failure {
@@ -75,12 +71,11 @@ TEST(JSONCoding, FirstFailingFieldIsReportedWithItsPath) {
         {R"({"code":"1"})", DecodingError::Kind::keyNotFound, "name", "No value associated with key \"name\"."},
         {R"({"name":null,"code":"1"})", DecodingError::Kind::valueNotFound, "name",
          "Expected String value but found null instead."},
-        {R"({"name":5,"code":"1"})", DecodingError::Kind::typeMismatch, "name",
+        // "code" is stored first but declared after "name": the error is the name's.
+        {R"({"code":5,"name":5})", DecodingError::Kind::typeMismatch, "name",
          "Expected to decode String but found a number instead."},
         {R"({"name":"n","code":"1","items":[{"width":1},{"width":2.5}]})", DecodingError::Kind::dataCorrupted,
          "items[1].width", "Parsed JSON number <2.5> does not fit in Int."},
-        {R"({"name":"n","code":"1","items":[{"width":1},{}]})", DecodingError::Kind::keyNotFound, "items[1].width",
-         "No value associated with key \"width\"."},
         {R"({"name":"n","code":"1","counts":{"k":3000000000}})", DecodingError::Kind::dataCorrupted, "counts.k",
          "Parsed JSON number <3000000000> does not fit in Int."},
         {R"({"name":"n","code":"1","fit":"zoom"})", DecodingError::Kind::dataCorrupted, "fit",
@@ -104,22 +99,11 @@ TEST(JSONCoding, FirstFailingFieldIsReportedWithItsPath) {
     }
 }
 
-TEST(JSONCoding, TwoFaultsTellTheFirstDeclaredFieldNotTheFirstStored) {
-    // "code" is stored first but declared after "name": the error is the name's.
-    try {
-        (void)decodeJSON<Outer>(std::string_view(R"({"code":5,"name":5})"));
-        FAIL();
-    } catch (const DecodingError& error) {
-        EXPECT_EQ(codingPathText(error.codingPath()), "name");
-    }
-}
-
 TEST(JSONCoding, ALaterDuplicateWins) {
     const struct {
         const char* json;
         Outer expected;
     } cases[] = {
-        {R"({"code":"1","name":"a","name":"b"})", {"b", std::nullopt, Fit::fit, {}, {}, 1, {}}},
         // The first is not even valid: only the last one counts.
         {R"({"code":"1","name":5,"name":"b"})", {"b", std::nullopt, Fit::fit, {}, {}, 1, {}}},
         // A later null takes the field back to its default.
@@ -129,31 +113,18 @@ TEST(JSONCoding, ALaterDuplicateWins) {
     for (const auto& c : cases) EXPECT_EQ(decodeJSON<Outer>(std::string_view(c.json)), c.expected) << c.json;
 }
 
-TEST(JSONCoding, DecodesFromAGenericValue) {
-    const JSONValue value = JSONValue::parse(R"({"width": 9, "weight": 0.125})");
-    EXPECT_EQ(decodeJSON<Inner>(value), (Inner{9, 0.125f}));
-}
-
-TEST(JSONCoding, FieldsAreFoundInAnyOrder) {
+TEST(JSONCoding, FieldsAreFoundInAnyOrderAlsoInAGenericValue) {
     // The look-up remembers where the last key was: keys stored out of order must still be found.
-    const Inner a = decodeJSON<Inner>(std::string_view(R"({"weight": 2, "x": 0, "width": 1})"));
-    const Inner b = decodeJSON<Inner>(std::string_view(R"({"width": 1, "x": 0, "weight": 2})"));
-    EXPECT_EQ(a, (Inner{1, 2.0f}));
-    EXPECT_EQ(a, b);
+    EXPECT_EQ(decodeJSON<Inner>(std::string_view(R"({"weight": 2, "x": 0, "width": 1})")), (Inner{1, 2.0f}));
+    EXPECT_EQ(decodeJSON<Inner>(JSONValue::parse(R"({"width": 9, "x": 0, "weight": 0.125})")), (Inner{9, 0.125f}));
 }
-
-} // namespace
-} // namespace ovik
-
-namespace ovik {
-namespace {
 
 TEST(JSONCoding, UnsignedFieldsKeepTheirWholeRange) {
     struct Case {
         const char* json;
         std::uint64_t value;
     };
-    const Case cases[] = {{"18446744073709551615", 18446744073709551615u}, {"9223372036854775808", 9223372036854775808u}, {"0", 0}};
+    const Case cases[] = {{"18446744073709551615", 18446744073709551615u}, {"9223372036854775808", 9223372036854775808u}};
     for (const Case& c : cases) {
         EXPECT_EQ(decodeJSON<std::uint64_t>(std::string_view(c.json)), c.value);
         EXPECT_EQ(encodeJSON(c.value).compact(), c.json);

@@ -16,7 +16,6 @@ TEST(OpaqueJSON, HoldsTheCompactTextOfTheValueItRead) {
         {"[18446744073709551615, -9223372036854775808, 1.5e300, 0.0001, 1e-5, 2.0, -0.0]",
          "[18446744073709551615,-9223372036854775808,1.5e+300,0.0001,1e-05,2,-0]"},
         {R"(["a/b\u0001\"\\", "音乐", "\/"])", R"(["a/b\u0001\"\\","音乐","/"])"},
-        {"null", "null"},
         {" true ", "true"},
     };
     for (const auto& [input, text] : cases) {
@@ -33,11 +32,7 @@ TEST(OpaqueJSON, HoldsTheCompactTextOfTheValueItRead) {
 TEST(OpaqueJSON, IsWrittenAsTheValueItHoldsInEveryLayout) {
     const char* values[] = {
         R"({"s": "a,b:{c}[d] \"/\\/ \\\" \t", "e": [], "o": {}, "n": [[], {}, [{"a": [1, {"b": []}]}]]})",
-        R"([1.25, -3, "音乐/曲"])",
-        "[]",
-        "{}",
-        R"("x/y")",
-        "7",
+        R"([1.25, -3, "音乐/曲"])", "[]", "{}", R"("x/y")", "7",
     };
     for (const char* text : values) {
         const JSONValue value = JSONValue::parse(text);

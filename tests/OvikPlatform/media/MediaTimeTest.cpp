@@ -28,13 +28,8 @@ TEST(MediaTime, FromSecondsRoundsToMicrosecondsAndTakesNoNonsense) {
     const struct {
         double seconds;
         std::int64_t microseconds;
-    } cases[] = {
-        {1.5, 1'500'000},
-        {0.0000005, 1},
-        {-0.0000005, -1},
-        {std::nan(""), 0},
-        {std::numeric_limits<double>::infinity(), 0},
-    };
+    } cases[] = {{1.5, 1'500'000}, {0.0000005, 1}, {-0.0000005, -1}, {std::nan(""), 0},
+                 {std::numeric_limits<double>::infinity(), 0}};
     for (const auto& c : cases)
         EXPECT_EQ(MediaTime::fromSeconds(c.seconds), MediaTime::microseconds(c.microseconds)) << c.seconds;
     EXPECT_GT(MediaTime::fromSeconds(1e300), MediaTime::fromSeconds(1e12));
