@@ -2,10 +2,10 @@
 // moments it still holds, and a moment past its end is an error, never the last frame again.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <filesystem>
 
 #include "OvikPlatform/files/TemporaryFolder.h"
+#include "OvikPlatform/media/FFmpegTool.h"
 #include "RunCommand.h"
 
 namespace ovik::testing {
@@ -20,10 +20,7 @@ TEST_F(CutOffMovie, AMomentPastWhereTheMovieStopsIsAnErrorAndNothingIsWritten) {
     fs::copy(fs::path(OVIK_EXAMPLES) / "recording.ovikwork", package, fs::copy_options::recursive);
     const fs::path movie = fs::directory_iterator(package / "media")->path(), whole = folder / "whole.mov";
     // The index moved to the front, so that the movie still opens once its tail is gone.
-    ASSERT_EQ(std::system(("ffmpeg -nostdin -v error -y -i '" + movie.string() + "' -c copy -movflags +faststart '" +
-                           whole.string() + "' </dev/null")
-                              .c_str()),
-              0);
+    ASSERT_TRUE(runFFmpeg("-i '" + movie.string() + "' -c copy -movflags +faststart '" + whole.string() + "'"));
     fs::copy_file(whole, movie, fs::copy_options::overwrite_existing);
     const auto render = [&](const char* at) {
         return runOvik({"render", package.string(), "--at", at, "--output", out.string()}, {"OVIK_LANGUAGE=en"});

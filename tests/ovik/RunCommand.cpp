@@ -2,23 +2,19 @@
 
 #include <fcntl.h>
 #include <spawn.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <cstdlib>
+#include <atomic>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
+
+#include "OvikPlatform/media/FFmpegTool.h"
 
 extern char** environ;
 
 namespace ovik::testing {
 namespace {
-
-std::string slurp(const std::filesystem::path& path) {
-    std::ifstream in(path, std::ios::binary);
-    return std::string((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-}
 
 std::vector<std::string> cleanEnvironment(const std::vector<std::string>& extra) {
     static const char* cleared[] = {"OVIK_LANGUAGE=", "LANGUAGE=", "LC_ALL=", "LC_MESSAGES=", "LANG=", "XDG_CONFIG_HOME="};
@@ -38,7 +34,9 @@ std::vector<std::string> cleanEnvironment(const std::vector<std::string>& extra)
 
 CommandResult runProgram(const std::string& program, const std::vector<std::string>& arguments,
                          const std::vector<std::string>& environment) {
-    const auto folder = std::filesystem::temp_directory_path() / ("ovik-run-" + std::to_string(getpid()));
+    static std::atomic<int> runs{0};
+    const auto folder = std::filesystem::temp_directory_path() /
+                        ("ovik-run-" + std::to_string(getpid()) + "-" + std::to_string(runs++));
     std::filesystem::create_directories(folder);
     const auto outPath = folder / "out", errPath = folder / "err";
 
@@ -60,12 +58,14 @@ CommandResult runProgram(const std::string& program, const std::vector<std::stri
     CommandResult result;
     if (posix_spawn(&pid, argv[0].c_str(), &actions, nullptr, argvPointers.data(), envPointers.data()) == 0) {
         int status = 0;
-        waitpid(pid, &status, 0);
+        rusage usage{};
+        wait4(pid, &status, 0, &usage);
         result.status = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+        result.peakBytes = std::int64_t(usage.ru_maxrss) * 1024;
     }
     posix_spawn_file_actions_destroy(&actions);
-    result.out = slurp(outPath);
-    result.err = slurp(errPath);
+    result.out = fileBytes(outPath);
+    result.err = fileBytes(errPath);
     std::filesystem::remove_all(folder);
     return result;
 }

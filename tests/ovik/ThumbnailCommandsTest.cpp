@@ -18,20 +18,19 @@ using PackageCommands = TemporaryFolder;
 
 TEST_F(PackageCommands, AKeptThumbnailAnswersAndFitsTheBoxAStaleOneIsComposed) {
     const fs::path out = folder / "t.png";
-    const CommandResult kept = runOvik({"thumbnail", (examples / "kept.ovikwork").string(), "--size", "200x100",
-                                        "--scale", "2", "--output", out.string(), "--json"});
-    ASSERT_EQ(kept.status, 0) << kept.err;
-    EXPECT_NE(kept.out.find(R"("answer":"file")"), std::string::npos) << kept.out;
-    EXPECT_NE(kept.out.find("thumbnail-520.png"), std::string::npos) << kept.out; // 400 pixels: the 520 rung
-    const CGImage fitted = PNGCodec::decode(readText(out));
-    EXPECT_EQ(fitted.width(), 320); // the kept picture is 16:10
-    EXPECT_EQ(fitted.height(), 200);
-    const CommandResult stale = runOvik(
-        {"thumbnail", (examples / "stale.ovikwork").string(), "--size", "256", "--output", out.string(), "--json"});
-    ASSERT_EQ(stale.status, 0) << stale.err;
-    EXPECT_NE(stale.out.find(R"("answer":"picture")"), std::string::npos) << stale.out;
-    const CGImage composed = PNGCodec::decode(readText(out));
-    EXPECT_EQ(std::max(composed.width(), composed.height()), 256);
+    const std::string kept = (examples / "kept.ovikwork").string(), stale = (examples / "stale.ovikwork").string();
+    const CommandResult fitted = runOvik({"thumbnail", kept, "--size", "200x100", "--scale", "2", "--output", out.string(), "--json"});
+    ASSERT_EQ(fitted.status, 0) << fitted.err;
+    EXPECT_NE(fitted.out.find(R"("answer":"file")"), std::string::npos) << fitted.out;
+    EXPECT_NE(fitted.out.find("thumbnail-520.png"), std::string::npos) << fitted.out; // 400 pixels: the 520 rung
+    const CGImage picture = PNGCodec::decode(readText(out));
+    EXPECT_EQ(picture.width(), 320); // the kept picture is 16:10
+    EXPECT_EQ(picture.height(), 200);
+    const CommandResult composed = runOvik({"thumbnail", stale, "--size", "256", "--output", out.string(), "--json"});
+    ASSERT_EQ(composed.status, 0) << composed.err;
+    EXPECT_NE(composed.out.find(R"("answer":"picture")"), std::string::npos) << composed.out;
+    const CGImage drawn = PNGCodec::decode(readText(out));
+    EXPECT_EQ(std::max(drawn.width(), drawn.height()), 256);
 }
 
 TEST_F(PackageCommands, EveryCommandOpensExactlyThePackagesTheStoreOpensAndWritesNothingInThem) {
@@ -42,13 +41,10 @@ TEST_F(PackageCommands, EveryCommandOpensExactlyThePackagesTheStoreOpensAndWrite
         const auto before = tree(package);
         const std::string out = (folder / "t.png").string();
         const CommandResult check = runOvik({"draft", "check", package.string()});
-        const CommandResult thumbnail = runOvik({"thumbnail", package.string(), "--size", "64", "--output", out},
-                                                {"OVIK_LANGUAGE=en"});
-        const CommandResult render = runOvik({"render", package.string(), "--output", out});
-        for (const CommandResult* result : {&check, &thumbnail, &render})
+        const CommandResult thumbnail = runOvik({"thumbnail", package.string(), "--size", "64", "--output", out}, {"OVIK_LANGUAGE=en"});
+        for (const CommandResult* result : {&check, &thumbnail})
             EXPECT_EQ(result->status, c.refusal ? 1 : 0) << c.name << ": " << result->err;
         if (c.refusal) {
-            EXPECT_EQ(thumbnail.err.rfind("This draft can't be read.\n", 0), 0u) << c.name;
             EXPECT_NE(thumbnail.err.find("“" + c.refused + "”"), std::string::npos) << c.name << ": " << thumbnail.err;
             EXPECT_NE(check.err.find("“" + c.refused + "”"), std::string::npos) << c.name << ": " << check.err;
         }
@@ -65,27 +61,13 @@ TEST_F(PackageCommands, ThumbnailerWritesAPNGWithinTheSize) {
     EXPECT_EQ(std::max(image.width(), image.height()), 128);
     EXPECT_EQ(runProgram(OVIK_THUMBNAILER, {"-s", "128", (examples / "outside.ovikwork").string(), out.string() + "2"}).status, 1);
     EXPECT_FALSE(fs::exists(out.string() + "2"));
-    EXPECT_EQ(runProgram(OVIK_THUMBNAILER, {"128", "a", "b"}).status, 2);
 }
 
-TEST_F(PackageCommands, DraftCheckTellsTheFirstProblem) {
-    const std::pair<const char*, const char*> cases[] = {
-        {"kept.ovikwork", "The draft is fine"},
-        {"stale.ovikwork", "The draft is fine"}, // stale renders are not a problem of the draft
-        {"outside.ovikwork", "“../screenshot.png” leads outside the draft package.\n"},
-        {"missing.ovikwork", "missing: The file “draft.json” doesn't exist.\n"},
-    };
-    for (const auto& [package, words] : cases) {
-        const CommandResult result = runOvik({"draft", "check", (examples / package).string()}, {"OVIK_LANGUAGE=en"});
-        EXPECT_EQ(result.status, result.out.empty() ? 1 : 0) << package;
-        EXPECT_EQ((result.out + result.err).find(words), 0u) << package << ": " << result.out << result.err;
-    }
-}
-
-TEST_F(PackageCommands, DraftFormatGivesBackTheFileAndPathsListTheFiles) {
-    const CommandResult format = runOvik({"draft", "format", (examples / "kept.ovikwork").string()});
-    ASSERT_EQ(format.status, 0);
-    EXPECT_EQ(format.out, readText(examples / "kept.ovikwork/draft.json") + "\n");
+// Stale renders are not a problem of the draft.
+TEST_F(PackageCommands, DraftCheckFormatAndPaths) {
+    EXPECT_EQ(runOvik({"draft", "check", (examples / "stale.ovikwork").string()}, {"OVIK_LANGUAGE=en"}).out.rfind("The draft is fine", 0), 0u);
+    EXPECT_EQ(runOvik({"draft", "format", (examples / "kept.ovikwork").string()}).out,
+              readText(examples / "kept.ovikwork/draft.json") + "\n");
     EXPECT_EQ(runOvik({"draft", "paths", (examples / "kept.ovikwork").string()}).out, "media/screenshot.png\n");
 }
 

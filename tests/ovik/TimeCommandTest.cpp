@@ -4,14 +4,16 @@
 
 #include "OvikDrafts/FileDraftStore.h"
 #include "OvikModel/time/RoundingDraft.h"
+#include "OvikPlatform/files/TemporaryFolder.h"
 #include "RunCommand.h"
 
 namespace ovik::testing {
 namespace {
 
-TEST(TimeCommand, MomentsOnTheThreeClocksAndMomentsRefused) {
-    const auto package = std::filesystem::temp_directory_path() / ("ovik-time-" + std::to_string(getpid()));
-    std::filesystem::create_directories(package);
+using TimeCommand = TemporaryFolder;
+
+TEST_F(TimeCommand, MomentsOnTheThreeClocksAndMomentsRefused) {
+    const std::filesystem::path package = folder;
     Draft draft = roundingDraft();
     draft.media = CowList<Media>({draft.media[0]});
     FileDraftStore::writeDraft(draft, package);
@@ -19,11 +21,8 @@ TEST(TimeCommand, MomentsOnTheThreeClocksAndMomentsRefused) {
         return R"({"output":)" + output + R"(,"played":)" + played + R"(,"section":")" +
                sectionID(section).description() + R"(","source":)" + source + "}\n";
     };
-    const struct {
-        std::vector<std::string> arguments;
-        int status;
-        std::string out; // the error's text when refused
-    } cases[] = {
+    // `out` is the error's text when refused.
+    const struct { std::vector<std::string> arguments; int status; std::string out; } cases[] = {
         {{"--source", "1"}, 0, json("1", "1", "1", 1)}, // half a µs of film at double speed
         {{"--source", "5000", "--section", sectionID(2).description()}, 0, json("null", "null", "5000", 2)},
         {{"--played", "1048878"}, 0, json("574590", "1048878", "201", 2)},
@@ -40,10 +39,9 @@ TEST(TimeCommand, MomentsOnTheThreeClocksAndMomentsRefused) {
         EXPECT_EQ(c.status ? result.err : result.out, c.out) << c.arguments[0] << " " << c.arguments[1];
     }
     EXPECT_EQ(runOvik({"time", package.string()}).status, 2); // no moment given
-    std::filesystem::remove_all(package);
 }
 
-TEST(TimeCommand, TableShowsPiecesAndTheSpeedCurve) {
+TEST_F(TimeCommand, TableShowsPiecesAndTheSpeedCurve) {
     const CommandResult result = runOvik({"time", OVIK_EXAMPLES "/timed.ovikwork", "--table"}, {"OVIK_LANGUAGE=en"});
     ASSERT_EQ(result.status, 0) << result.err;
     EXPECT_EQ(result.out.rfind("Film 5111803 µs, 2 sections\n", 0), 0u) << result.out.substr(0, 80);
