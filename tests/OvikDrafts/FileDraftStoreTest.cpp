@@ -5,6 +5,7 @@
 #include "OvikDrafts/DraftPackage.h"
 #include "OvikDrafts/DraftStoreError.h"
 #include "OvikDrafts/FileDraftStore.h"
+#include "OvikDrafts/PackageContainment.h"
 #include "OvikL10n/L10n.h"
 #include "OvikModel/draft/DraftSamples.h"
 #include "OvikPlatform/files/PosixError.h"
@@ -54,23 +55,50 @@ TEST_F(FileDraftStoreTest, ADraftReadAndWrittenBackKeepsItsBytesAndAFailedWriteK
     EXPECT_EQ(tree(folder / "Copy.ovikwork"), std::set<std::string>{"draft.json"});
 }
 
+// A damaged draft file is told in words for a person under the package's name: never the
+// parser's reason, nor the digits of a number that doesn't fit.
 TEST_F(FileDraftStoreTest, AnotherSchemaIsRefusedByNumberAnythingElseIsUnreadableUnderThePackagesName) {
+    const L10n::LanguageOverride english("en");
     const std::pair<std::string, std::string> cases[] = {
-        {R"({"schema": 9})", "schema 9"},
-        {R"({"schema": 0, "sections": "not even a list"})", "schema 0"},
-        {"[]", "My Draft: "}, {R"({"schema": "8"})", "My Draft: "}, {R"({"schema": 8,)", "My Draft: "},
-        {testing::draftJSON(testing::canvasMedia, ""), "A draft needs at least one media and one section"}};
+        {R"({"schema": 9})", "schema 9"}, {R"({"schema": 0, "sections": "not even a list"})", "schema 0"},
+        {R"({"schema":8,)", "My Draft: The file isn't valid JSON."}, {"\xff\xfe", "My Draft: The file isn't valid JSON."},
+        {R"({"schema":1e300})", "My Draft: The number at “schema” is too large for it."},
+        {testing::draftJSON(testing::canvasMedia, ""),
+         "My Draft: The data at “the top level” is damaged: A draft needs at least one media and one section"}};
     for (const auto& [json, words] : cases) {
         writeText(package / "draft.json", json);
         const std::string text = refusal(package);
-        EXPECT_NE(text.find(words), std::string::npos) << json << ": " << text;
-        // An unreadable draft is named, and a reason follows.
-        EXPECT_TRUE(text.rfind("schema ", 0) == 0 || (text.rfind("My Draft: ", 0) == 0 && text.size() > 10)) << text;
+        EXPECT_EQ(text.rfind(words, 0), 0u) << json << ": " << text;
     }
-    // As large as the cap allows and a byte more, but sparse: refused before it is read.
-    fs::resize_file(package / "draft.json", FileDraftStore::maximumDraftBytes + 1);
-    EXPECT_EQ(refusal(package), "My Draft: " + L10n::format("drafts.files.tooLarge", {"draft.json"}));
+    for (const char* json : {"[]", R"({"schema": "8"})"}) {
+        writeText(package / "draft.json", json);
+        const std::string text = refusal(package);
+        EXPECT_TRUE(text.rfind("My Draft: ", 0) == 0 && text.size() > 10) << json << ": " << text; // then a reason
+    }
     EXPECT_EQ(refusal(folder / "Missing.ovikwork/").rfind("Missing: ", 0), 0u);
+}
+
+// draft.json is read only as a plain file inside its package and under the size cap: a link to
+// an endless device, or to a file past the cap, is refused before anything is read.
+TEST_F(FileDraftStoreTest, ALinkToAnEndlessDeviceOrPastTheCapIsRefusedUnread) {
+    fs::create_symlink("/dev/zero", folder / "zero");
+    for (const char* target : {"/dev/zero", "../zero"}) { // the device, and a link beside the package to it
+        fs::remove(package / "draft.json");
+        fs::create_symlink(target, package / "draft.json");
+        try {
+            (void)FileDraftStore::open(package);
+            ADD_FAILURE() << target;
+        } catch (const PackagePathError& error) {
+            EXPECT_EQ(error.reason(), PackagePathError::Reason::outside) << target;
+            EXPECT_EQ(error.path().relative, "draft.json") << target;
+        }
+    }
+    // Sparse: as large as the cap allows and a byte more, at no cost of disk.
+    fs::remove(package / "draft.json");
+    writeText(package / "big", "");
+    fs::resize_file(package / "big", FileDraftStore::maximumDraftBytes + 1);
+    fs::create_symlink("big", package / "draft.json");
+    EXPECT_EQ(refusal(package), "My Draft: " + L10n::format("drafts.files.tooLarge", {"big"}));
 }
 
 TEST_F(FileDraftStoreTest, OutputFoldersAreMadeWithTheirParentsButNeverAPackage) {

@@ -43,28 +43,21 @@ protected:
 };
 
 TEST_F(PackageWritesTest, TheNextWriteSweepsOnlyOldUnlockedFilesOfTheTemporaryPattern) {
-    const std::string ours = std::string(".draft.json.") + uuid + ".tmp";
-    const struct {
-        std::string name;
-        void (*make)(const fs::path&);
-        bool old, swept;
-    } cases[] = {
-        {ours, [](const fs::path& p) { writeText(p, "{\"sch"); }, true, true},
-        {std::string(".ovik-index.json.") + uuid + ".tmp", [](const fs::path& p) { writeText(p, ""); }, true, true},
-        {std::string(".draft.json.") + uuid + ".tmp.bak", [](const fs::path& p) { writeText(p, ""); }, true, false},
-        {std::string("draft.json.") + uuid + ".tmp", [](const fs::path& p) { writeText(p, ""); }, true, false},
-        {".draft.json.6f1c2b9a-0d4e-4b7a-9c3e-2a1b0c9d8e7f.tmp", [](const fs::path& p) { writeText(p, ""); }, true, false},
-        {std::string("..") + uuid + ".tmp", [](const fs::path& p) { writeText(p, ""); }, true, false},
-        {".draft.json.tmp", [](const fs::path& p) { writeText(p, ""); }, true, false},
-        {ours, [](const fs::path& p) { fs::create_directory(p); }, true, false},
-        {ours, [](const fs::path& p) { fs::create_symlink("draft.json", p); }, true, false},
-        // A write that began a moment ago may still be on its way to its rename.
-        {ours, [](const fs::path& p) { writeText(p, ""); }, false, false},
+    const std::string u = uuid, ours = ".draft.json." + u + ".tmp";
+    // `kind`: a file, a directory or a link. A write that began a moment ago may still be on its
+    // way to its rename: only old leftovers go.
+    const struct { std::string name; char kind; bool old, swept; } cases[] = {
+        {ours, 'f', true, true},  {".ovik-index.json." + u + ".tmp", 'f', true, true}, {ours + ".bak", 'f', true, false},
+        {"draft.json." + u + ".tmp", 'f', true, false}, {".draft.json.6f1c2b9a-0d4e-4b7a-9c3e-2a1b0c9d8e7f.tmp", 'f', true, false},
+        {".." + u + ".tmp", 'f', true, false}, {".draft.json.tmp", 'f', true, false},
+        {ours, 'd', true, false}, {ours, 'l', true, false}, {ours, 'f', false, false},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
         const fs::path path = package / c.name;
-        c.make(path);
+        if (c.kind == 'd') fs::create_directory(path);
+        else if (c.kind == 'l') fs::create_symlink("draft.json", path);
+        else writeText(path, "{\"sch");
         if (c.old) age(path);
         FileDraftStore::writeDraft(draft, package);
         EXPECT_EQ(fs::exists(fs::symlink_status(path)), !c.swept);
@@ -92,10 +85,8 @@ TEST_F(PackageWritesTest, AKilledWritersTemporaryFileGoesOnlyOnceItsWriterIsGone
     FileDraftStore::writeDraft(draft, package);
     EXPECT_TRUE(fs::exists(temporary)) << "swept while its writer was alive";
 
-    ::kill(writer, SIGKILL);
-    ::waitpid(writer, nullptr, 0);
-    ::close(ready[0]);
-    ::close(ready[1]);
+    ::kill(writer, SIGKILL), ::waitpid(writer, nullptr, 0);
+    ::close(ready[0]), ::close(ready[1]);
     FileDraftStore::writeDraft(draft, package);
     EXPECT_EQ(tree(package), std::set<std::string>{"draft.json"});
 }
@@ -124,10 +115,7 @@ TEST_F(PackageWritesTest, AWriterWaitsForTheLockAndGivesUpWithoutTouchingTheDraf
     EXPECT_EQ(readText(package / "draft.json"), testing::richDraftText());
 
     // A holder that lets go while a writer waits lets that writer through.
-    std::thread holder([&] {
-        std::this_thread::sleep_for(50ms);
-        held.reset();
-    });
+    std::thread holder([&] { std::this_thread::sleep_for(50ms), held.reset(); });
     EXPECT_TRUE(FileDraftStore::update(package, [&](Draft& d) { return changed = d.kept = true; }, 10s));
     holder.join();
     EXPECT_TRUE(FileDraftStore::readDraft(package).kept);
