@@ -1,8 +1,11 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <string>
+#include <vector>
 
 #include "OvikL10n/L10n.h"
+#include "OvikPlatform/files/SpecialFiles.h"
 #include "OvikPlatform/files/TemporaryFolder.h"
 #include "RunCommand.h"
 
@@ -79,6 +82,56 @@ TEST_F(CommandRefusals, ThumbnailHostsTellWhyADraftCantBeRead) {
         EXPECT_EQ(result->status, 1);
         EXPECT_EQ(result->err, expected);
     }
+}
+
+TEST(OvikCommand, TextSpeaksTheLanguageInForce) {
+    const std::pair<std::vector<std::string>, const char*> cases[] = {
+        {{}, "没有结果文件：a/b.ovikres\n"},
+        {{"LANG=en_US.UTF-8"}, "No result file: a/b.ovikres\n"},
+        {{"LANG=en_US.UTF-8", "OVIK_LANGUAGE=fr"}, "没有结果文件：a/b.ovikres\n"},
+        {{"LANGUAGE=fr:en", "LANG=zh_CN.UTF-8"}, "No result file: a/b.ovikres\n"},
+    };
+    for (const auto& [environment, expected] : cases)
+        EXPECT_EQ(runOvik({"text", "results.file.missing", "a/b.ovikres"}, environment).out, expected)
+            << (environment.empty() ? "" : environment.back());
+    EXPECT_EQ(runOvik({"text", "model.lut.error.wrongCount", "27", "3"}).out, "这个 .cube 应有 27 行颜色，只有 3 行。\n");
+    const CommandResult unknown = runOvik({"text", "no.such.key"});
+    EXPECT_EQ(unknown.status, 0);
+    EXPECT_EQ(unknown.out, "no.such.key\n");
+    EXPECT_NE(runOvik({"version"}, {"OVIK_LANGUAGE=en"}).out.find("(en)"), std::string::npos);
+}
+
+TEST(OvikCommand, WrongUsageExitsWithTwo) {
+    for (const std::vector<std::string>& arguments : {std::vector<std::string>{}, {"text"}, {"frobnicate"}, {"version", "--bogus"}}) {
+        const CommandResult result = runOvik(arguments);
+        EXPECT_EQ(result.status, 2) << (arguments.empty() ? "(none)" : arguments[0]);
+        EXPECT_TRUE(result.out.empty());
+        EXPECT_FALSE(result.err.empty());
+    }
+}
+
+// The commands share one writer: the command and the thumbnailer stand for all of them.
+CommandResult run(bool thumbnailer, const fs::path& output) {
+    const std::string package = OVIK_EXAMPLES "/animation.ovikwork";
+    if (thumbnailer) return runProgram(OVIK_THUMBNAILER, {"-s", "16", package, output.string()}, {"OVIK_LANGUAGE=en"});
+    return runOvik({"render", package, "--size", "16", "--output", output.string()}, {"OVIK_LANGUAGE=en"});
+}
+
+TEST_F(CommandRefusals, EveryProgramThatWritesRefusesWhatIsNotAPlainFile) {
+    const fs::path output = folder / "out.png";
+    for (const bool thumbnailer : {false, true}) {
+        for (const SpecialFile& special : specialFiles) {
+            SCOPED_TRACE(std::string(thumbnailer ? "thumbnailer" : "render") + " onto " + special.name);
+            special.make(output);
+            const CommandResult result = run(thumbnailer, output);
+            EXPECT_EQ(result.status, 1);
+            EXPECT_NE(result.err.find("Can't write “" + output.string() + "”: "), std::string::npos) << result.err;
+            EXPECT_EQ(fs::symlink_status(output).type(), special.type);
+            EXPECT_EQ(tree(folder), std::set<std::string>{"out.png"});
+            fs::remove(output);
+        }
+    }
+    EXPECT_EQ(run(false, "/dev/null").err, "Can't write “/dev/null”: “null” isn't an ordinary file.\n");
 }
 
 } // namespace

@@ -79,5 +79,74 @@ TEST_F(RenderCommands, BadMediaIsAClearErrorAndNothingIsWritten) {
     }
 }
 
+// A recording whose movie was cut off (its index whole, its frames ending early) renders the
+// moments it still holds, and a moment past its end is an error, never the last frame again.
+
+TEST_F(RenderCommands, AMomentPastWhereTheMovieStopsIsAnErrorAndNothingIsWritten) {
+    const fs::path package = folder / "recording.ovikwork", out = folder / "out.png";
+    fs::copy(fs::path(OVIK_EXAMPLES) / "recording.ovikwork", package, fs::copy_options::recursive);
+    const fs::path movie = fs::directory_iterator(package / "media")->path(), whole = folder / "whole.mov";
+    // The index moved to the front, so that the movie still opens once its tail is gone.
+    ASSERT_TRUE(runFFmpeg("-i '" + movie.string() + "' -c copy -movflags +faststart '" + whole.string() + "'"));
+    fs::copy_file(whole, movie, fs::copy_options::overwrite_existing);
+    const auto render = [&](const char* at) {
+        return runOvik({"render", package.string(), "--at", at, "--output", out.string()}, {"OVIK_LANGUAGE=en"});
+    };
+    // Whole, its last frame shows up to the film's last microsecond.
+    ASSERT_EQ(render("3999999").status, 0);
+
+    fs::resize_file(movie, fs::file_size(movie) * 4 / 10);
+    ASSERT_EQ(render("500000").status, 0);
+    fs::remove(out);
+    const CommandResult past = render("3500000");
+    EXPECT_EQ(past.status, 1);
+    EXPECT_EQ(past.err, "A picture or movie of the draft can't be read: media/" + movie.filename().string() +
+                            " ends before this moment: the movie is cut off\n");
+    EXPECT_FALSE(fs::exists(out));
+}
+
+const fs::path examples = OVIK_EXAMPLES;
+constexpr std::int64_t memoryCap = std::int64_t(160) << 20;
+
+// The kept thumbnails of the example package replaced by one PNG of 8000 × 8000 pixels, 256 MB
+// when decoded whole. A 1000-pixel thumbnail may show it (64 times the square of its side) and
+// decodes it row by row, reduced; a 256-pixel one refuses it from its header, as the file of a
+// thumbnail that can't be read.
+TEST_F(RenderCommands, KeptRendersAreDecodedAtTheSizeAskedOrRefusedFromTheHeader) {
+    const fs::path package = folder / "kept.ovikwork", large = folder / "large.png", out = folder / "out.png";
+    fs::copy(examples / "kept.ovikwork", package, fs::copy_options::recursive);
+    ASSERT_TRUE(runFFmpeg("-f lavfi -i testsrc2=s=8000x8000 -frames:v 1 " + large.string()));
+    for (const auto& entry : fs::recursive_directory_iterator(package))
+        if (entry.path().extension() == ".png" && entry.path().filename().string().starts_with("thumbnail-"))
+            fs::copy_file(large, entry.path(), fs::copy_options::overwrite_existing);
+    const CommandResult shown = runOvik({"thumbnail", package.string(), "--size", "1000", "--output", out.string()});
+    ASSERT_EQ(shown.status, 0);
+    const CGImage picture = PNGCodec::decode(fileBytes(out));
+    EXPECT_EQ(picture.width(), 1000);
+    EXPECT_EQ(picture.height(), 1000);
+    EXPECT_LT(shown.peakBytes, memoryCap);
+    fs::remove(out);
+    EXPECT_EQ(runOvik({"thumbnail", package.string(), "--size", "256", "--output", out.string()}).status, 1);
+    EXPECT_FALSE(fs::exists(out));
+}
+
+// The screenshot of a draft replaced by a picture of the largest screen, 7680 × 4320 (132 MB
+// whole): a still of 500 pixels decodes it reduced. A picture of 8000 × 8000 is more than a
+// 256-pixel thumbnail may decode, and the composing fails from its header.
+TEST_F(RenderCommands, DraftPicturesAreDecodedForTheStillOrRefusedFromTheHeader) {
+    const fs::path package = folder / "picture.ovikwork";
+    fs::copy(examples / "picture.ovikwork", package, fs::copy_options::recursive);
+    const fs::path shot = package / "media/screenshot.png", out = folder / "out.png";
+    ASSERT_TRUE(runFFmpeg("-f lavfi -i testsrc2=s=7680x4320 -frames:v 1 " + shot.string()));
+    const CommandResult drawn = runOvik({"render", package.string(), "--size", "500", "--output", out.string()});
+    ASSERT_EQ(drawn.status, 0);
+    EXPECT_EQ(PNGCodec::decode(fileBytes(out)).width(), 500);
+    EXPECT_LT(drawn.peakBytes, memoryCap);
+    fs::remove(out);
+    ASSERT_TRUE(runFFmpeg("-f lavfi -i color=c=red:s=8000x8000 -frames:v 1 " + shot.string()));
+    EXPECT_EQ(runOvik({"thumbnail", package.string(), "--size", "256", "--output", out.string()}).status, 1);
+    EXPECT_FALSE(fs::exists(out));
+}
+
 } // namespace
 } // namespace ovik::testing
