@@ -39,8 +39,7 @@ void expectTrueStill(const Draft& draft, const fs::path& file) {
 
 TEST(MediaExamples, EachPassesTheCheckAndDescribesTheOneFileInItsMediaFolder) {
     const std::pair<const char*, const char*> cases[] = {
-        {"recording.ovikwork", R"(media/segment-001\.mov)"},
-        {"picture.ovikwork", R"(media/screenshot\.png)"},
+        {"recording.ovikwork", R"(media/segment-001\.mov)"}, {"picture.ovikwork", R"(media/screenshot\.png)"},
         {"photo.ovikwork", R"(media/[0-9a-f]{64}\.jpg)"}, // imported: named by its digest
     };
     for (const auto& [name, listed] : cases) {

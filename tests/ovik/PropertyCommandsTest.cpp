@@ -32,7 +32,7 @@ TEST_F(PropertyCommands, PropsListsRowsByPrefixOrWritableKind) {
     }
 }
 
-TEST_F(PropertyCommands, SetThenGetAndWhatIsRefused) {
+TEST_F(PropertyCommands, SetThenGetWhatIsRefusedAndStateAtAMoment) {
     const std::string package = (folder / "set.ovikwork").string();
     fs::copy(OVIK_EXAMPLES "/animation.ovikwork", package, fs::copy_options::recursive);
     const CommandResult set = runOvik({"set", package, "文字 1.hidden", "true"}, {"OVIK_LANGUAGE=en"});
@@ -52,11 +52,7 @@ TEST_F(PropertyCommands, SetThenGetAndWhatIsRefused) {
         EXPECT_NE((result.out + result.err).find(c.text), std::string::npos) << result.err;
         EXPECT_EQ(readText(fs::path(package) / "draft.json"), before) << c.path;
     }
-}
 
-TEST_F(PropertyCommands, StateEvaluatesTheObjectAtAMoment) {
-    const std::string package = (folder / "state.ovikwork").string();
-    fs::copy(OVIK_EXAMPLES "/animation.ovikwork", package, fs::copy_options::recursive);
     // The ellipse turns from black towards orange over its first second.
     Draft draft = FileDraftStore::readDraft(package);
     Action tint;

@@ -33,8 +33,8 @@ TEST_F(RenderCommands, StillsAtTwoMomentsAndAFilmstripOfTheRecording) {
     EXPECT_EQ(channelError(pixelAt(a, 2, 2), pixelAt(b, 2, 2)), 0);
     // The capture alone, four frames of 160 × 90.
     ASSERT_EQ(runOvik({"filmstrip", package, "--count", "4", "--height", "90", "--output", strip.string()}).status, 0);
-    EXPECT_EQ(pngAt(strip).width(), 4 * 160);
-    EXPECT_EQ(pngAt(strip).height(), 90);
+    const CGImage frames = pngAt(strip);
+    EXPECT_EQ((std::pair{frames.width(), frames.height()}), (std::pair{4L * 160, 90L}));
 }
 
 // Broken media is a clear error naming the file by its place in the package, never the decoder's
@@ -121,9 +121,7 @@ TEST_F(RenderCommands, KeptRendersAreDecodedAtTheSizeAskedOrRefusedFromTheHeader
             fs::copy_file(large, entry.path(), fs::copy_options::overwrite_existing);
     const CommandResult shown = runOvik({"thumbnail", package.string(), "--size", "1000", "--output", out.string()});
     ASSERT_EQ(shown.status, 0);
-    const CGImage picture = PNGCodec::decode(fileBytes(out));
-    EXPECT_EQ(picture.width(), 1000);
-    EXPECT_EQ(picture.height(), 1000);
+    EXPECT_EQ((std::pair{pngAt(out).width(), pngAt(out).height()}), (std::pair{1000L, 1000L}));
     EXPECT_LT(shown.peakBytes, memoryCap);
     fs::remove(out);
     EXPECT_EQ(runOvik({"thumbnail", package.string(), "--size", "256", "--output", out.string()}).status, 1);
@@ -140,7 +138,7 @@ TEST_F(RenderCommands, DraftPicturesAreDecodedForTheStillOrRefusedFromTheHeader)
     ASSERT_TRUE(runFFmpeg("-f lavfi -i testsrc2=s=7680x4320 -frames:v 1 " + shot.string()));
     const CommandResult drawn = runOvik({"render", package.string(), "--size", "500", "--output", out.string()});
     ASSERT_EQ(drawn.status, 0);
-    EXPECT_EQ(PNGCodec::decode(fileBytes(out)).width(), 500);
+    EXPECT_EQ(pngAt(out).width(), 500);
     EXPECT_LT(drawn.peakBytes, memoryCap);
     fs::remove(out);
     ASSERT_TRUE(runFFmpeg("-f lavfi -i color=c=red:s=8000x8000 -frames:v 1 " + shot.string()));

@@ -6,8 +6,10 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <atomic>
 #include <filesystem>
+#include <string_view>
 
 #include "OvikPlatform/media/FFmpegTool.h"
 
@@ -17,14 +19,12 @@ namespace ovik::testing {
 namespace {
 
 std::vector<std::string> cleanEnvironment(const std::vector<std::string>& extra) {
-    static const char* cleared[] = {"OVIK_LANGUAGE=", "LANGUAGE=", "LC_ALL=", "LC_MESSAGES=", "LANG=", "XDG_CONFIG_HOME="};
+    static const std::string_view cleared[] = {"OVIK_LANGUAGE=", "LANGUAGE=", "LC_ALL=", "LC_MESSAGES=", "LANG=", "XDG_CONFIG_HOME="};
     std::vector<std::string> out;
-    for (char** e = environ; *e != nullptr; ++e) {
-        const std::string entry(*e);
-        bool drop = false;
-        for (const char* name : cleared) drop = drop || entry.rfind(name, 0) == 0;
-        if (!drop) out.push_back(entry);
-    }
+    for (char** e = environ; *e != nullptr; ++e)
+        if (std::none_of(std::begin(cleared), std::end(cleared),
+                         [&](std::string_view name) { return std::string_view(*e).starts_with(name); }))
+            out.emplace_back(*e);
     out.push_back("XDG_CONFIG_HOME=/nonexistent-ovik-test-config");
     out.insert(out.end(), extra.begin(), extra.end());
     return out;
