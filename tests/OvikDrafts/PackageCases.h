@@ -40,8 +40,7 @@ inline const PackageCase packageCases[] = {
 inline std::filesystem::path makePackage(const std::filesystem::path& folder, const PackageCase& c) {
     namespace fs = std::filesystem;
     const fs::path package = folder / "A.ovikwork";
-    fs::create_directories(package / "media");
-    fs::create_directories(package / "kept");
+    fs::create_directories(package / "media"), fs::create_directories(package / "kept");
     const std::string draft =
         R"({"schema":8,"id":"6F1C2B9A-0D4E-4B7A-9C3E-2A1B0C9D8E7F","name":"n","createdAt":0,"kept":false,"edited":false,)"
         R"("style":{"aspect":"free","background":"none","cornerRadius":0,"deviceFrame":"none","padding":0,"shadow":0},)"

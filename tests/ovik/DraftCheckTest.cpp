@@ -17,48 +17,24 @@ namespace fs = std::filesystem;
 
 const fs::path examples = OVIK_EXAMPLES;
 
-class DraftCheck : public TemporaryFolder {
-protected:
-    static void replaceInFile(const fs::path& file, const std::string& from, const std::string& to) {
-        std::string text = readText(file);
-        text.replace(text.find(from), from.size(), to);
-        writeText(file, text);
-    }
-};
-
-std::string secondLine(const std::string& text) {
-    const std::size_t start = text.find('\n') + 1;
-    return text.substr(start, text.find('\n', start) - start);
-}
+using DraftCheck = TemporaryFolder;
 
 // Each damage to a copy of a sample package is one problem the check names, in our words.
 TEST_F(DraftCheck, NamesEachFileThatCantBeUsedAndEachValueOutOfRange) {
     const L10n::LanguageOverride english("en");
     const std::string movie = "media/segment-001.mov", picture = "media/screenshot.png";
-    const struct {
-        const char* sample;
-        std::function<void(const fs::path&)> damage;
-        std::string problem;
-    } cases[] = {
+    const struct { const char* sample; std::function<void(const fs::path&)> damage; std::string problem; } cases[] = {
         {"recording", [&](const fs::path& p) { fs::remove(p / movie); },
          "“media/segment-001.mov” can't be used: The file “segment-001.mov” doesn't exist."},
-        {"picture",
-         [&](const fs::path& p) {
-             fs::remove(p / picture);
-             fs::create_directory(p / picture);
-         },
-         L10n::format("cli.draft.unusableFile", {picture, L10n::format("drafts.files.isFolder", {"screenshot.png"})})},
-        {"picture",
-         [&](const fs::path& p) {
-             fs::remove(p / picture);
-             ::mkfifo((p / picture).c_str(), 0644); // waited on, this would never end
-         },
+        {"picture", [&](const fs::path& p) { fs::remove(p / picture), ::mkfifo((p / picture).c_str(), 0644); }, // never waited on
          L10n::format("cli.draft.unusableFile", {picture, L10n::format("drafts.files.notAFile", {"screenshot.png"})})},
-        {"picture", [&](const fs::path& p) { writeText(p / picture, "not a picture"); },
-         L10n::format("cli.draft.notPicture", {picture})},
-        {"recording", [&](const fs::path& p) { writeText(p / movie, std::string(4096, 'x')); },
-         L10n::format("cli.draft.notMovie", {movie})},
-        {"animation", [](const fs::path& p) { replaceInFile(p / "draft.json", "\"padding\" : 0,", "\"padding\" : -48,"); },
+        {"picture", [&](const fs::path& p) { writeText(p / picture, "not a picture"); }, L10n::format("cli.draft.notPicture", {picture})},
+        {"recording", [&](const fs::path& p) { writeText(p / movie, std::string(4096, 'x')); }, L10n::format("cli.draft.notMovie", {movie})},
+        {"animation",
+         [](const fs::path& p) {
+             std::string text = readText(p / "draft.json");
+             writeText(p / "draft.json", text.replace(text.find("\"padding\" : 0,"), 14, "\"padding\" : -48,"));
+         },
          L10n::format("cli.draft.outOfRange", {"style.padding", "-48", "0", "400"})},
     };
     int index = 0;
@@ -68,11 +44,10 @@ TEST_F(DraftCheck, NamesEachFileThatCantBeUsedAndEachValueOutOfRange) {
         c.damage(package);
         const CommandResult result = runOvik({"draft", "check", package.string()}, {"OVIK_LANGUAGE=en"});
         EXPECT_EQ(result.status, 1) << c.problem;
-        EXPECT_EQ(result.err, L10n::format("cli.draft.problems", {package.string(), std::int64_t(1)}) + "\n" +
-                                  c.problem + "\n");
+        EXPECT_EQ(result.err, L10n::format("cli.draft.problems", {package.string(), std::int64_t(1)}) + "\n" + c.problem + "\n");
     }
     // Reading still takes the value the check reports.
-    EXPECT_EQ(runOvik({"get", (folder / "5.ovikwork").string(), "style.padding"}).out, "-48\n");
+    EXPECT_EQ(runOvik({"get", (folder / "4.ovikwork").string(), "style.padding"}).out, "-48\n");
 }
 
 // Kept renders are held to the package, and the thumbnails of the draft's keys must be whole.
@@ -83,12 +58,11 @@ TEST_F(DraftCheck, HoldsKeptRendersToThePackage) {
     ASSERT_EQ(runOvik({"draft", "check", package.string()}).status, 0);
     writeText(folder / "outside.png", "x");
     fs::create_directory_symlink(folder, package / "renders" / "elsewhere");
-    const CommandResult result = runOvik({"draft", "check", package.string()}, {"OVIK_LANGUAGE=en"});
-    EXPECT_EQ(result.status, 1);
-    EXPECT_EQ(secondLine(result.err), L10n::format("drafts.path.outside", {"renders/elsewhere"}));
+    const std::string err = runOvik({"draft", "check", package.string()}, {"OVIK_LANGUAGE=en"}).err;
+    EXPECT_NE(err.find("\n" + L10n::format("drafts.path.outside", {"renders/elsewhere"}) + "\n"), std::string::npos) << err;
     std::vector<std::string> spoiled;
     for (const auto& entry : fs::recursive_directory_iterator(package / "renders"))
-        if (entry.path().filename().string().rfind("thumbnail-", 0) == 0) {
+        if (entry.path().filename().string().starts_with("thumbnail-")) {
             writeText(entry.path(), "junk");
             spoiled.push_back(entry.path().lexically_relative(package).string());
         }

@@ -2,33 +2,29 @@
 
 #include <fcntl.h>
 #include <spawn.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <cstdlib>
+#include <algorithm>
+#include <atomic>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
+#include <string_view>
+
+#include "OvikPlatform/media/FFmpegTool.h"
 
 extern char** environ;
 
 namespace ovik::testing {
 namespace {
 
-std::string slurp(const std::filesystem::path& path) {
-    std::ifstream in(path, std::ios::binary);
-    return std::string((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-}
-
 std::vector<std::string> cleanEnvironment(const std::vector<std::string>& extra) {
-    static const char* cleared[] = {"OVIK_LANGUAGE=", "LANGUAGE=", "LC_ALL=", "LC_MESSAGES=", "LANG=", "XDG_CONFIG_HOME="};
+    static const std::string_view cleared[] = {"OVIK_LANGUAGE=", "LANGUAGE=", "LC_ALL=", "LC_MESSAGES=", "LANG=", "XDG_CONFIG_HOME="};
     std::vector<std::string> out;
-    for (char** e = environ; *e != nullptr; ++e) {
-        const std::string entry(*e);
-        bool drop = false;
-        for (const char* name : cleared) drop = drop || entry.rfind(name, 0) == 0;
-        if (!drop) out.push_back(entry);
-    }
+    for (char** e = environ; *e != nullptr; ++e)
+        if (std::none_of(std::begin(cleared), std::end(cleared),
+                         [&](std::string_view name) { return std::string_view(*e).starts_with(name); }))
+            out.emplace_back(*e);
     out.push_back("XDG_CONFIG_HOME=/nonexistent-ovik-test-config");
     out.insert(out.end(), extra.begin(), extra.end());
     return out;
@@ -38,7 +34,9 @@ std::vector<std::string> cleanEnvironment(const std::vector<std::string>& extra)
 
 CommandResult runProgram(const std::string& program, const std::vector<std::string>& arguments,
                          const std::vector<std::string>& environment) {
-    const auto folder = std::filesystem::temp_directory_path() / ("ovik-run-" + std::to_string(getpid()));
+    static std::atomic<int> runs{0};
+    const auto folder = std::filesystem::temp_directory_path() /
+                        ("ovik-run-" + std::to_string(getpid()) + "-" + std::to_string(runs++));
     std::filesystem::create_directories(folder);
     const auto outPath = folder / "out", errPath = folder / "err";
 
@@ -60,12 +58,14 @@ CommandResult runProgram(const std::string& program, const std::vector<std::stri
     CommandResult result;
     if (posix_spawn(&pid, argv[0].c_str(), &actions, nullptr, argvPointers.data(), envPointers.data()) == 0) {
         int status = 0;
-        waitpid(pid, &status, 0);
+        rusage usage{};
+        wait4(pid, &status, 0, &usage);
         result.status = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+        result.peakBytes = std::int64_t(usage.ru_maxrss) * 1024;
     }
     posix_spawn_file_actions_destroy(&actions);
-    result.out = slurp(outPath);
-    result.err = slurp(errPath);
+    result.out = fileBytes(outPath);
+    result.err = fileBytes(errPath);
     std::filesystem::remove_all(folder);
     return result;
 }
