@@ -98,8 +98,7 @@ TEST(ObjectRows, RefusalsNameTheProblemAndChangeNothing) {
         {"Rect.speed", "20", ""}, {"Rect.loop", "0", "between 1 and 1000"},
         {"Rect.loop", "\"often\"", "a count or \"forever\""}, {"Rect.loop", "2.5", "a count or \"forever\""},
         {"Rect.offset", "-1", "start can't be negative"}, {"Rect.freeze", "-1", "freeze time can't be negative"},
-        {"Rect.timeCurve", "[[1, 0], [0, 1]]", "earliest to latest"},
-        {"Rect.timeCurve", "[]", "at least one keyframe"},
+        {"Rect.timeCurve", "[[1, 0], [0, 1]]", "earliest to latest"}, {"Rect.timeCurve", "[]", "at least one keyframe"},
         {"Rect.timeCurve", "[[0, 0], [1]]", "[[x, y], …], or none"}, {"Rect.pivot", "[1]", "[x, y], or none"},
         {"Text.weight", "\"heavy\"", ""}, {"Text.weight", "1200", ""}, {"Rect.sideMaterial", "[1]", "material JSON"},
     };
@@ -239,20 +238,13 @@ TEST(ParticleRows, RefusalsChangeNothing) {
     manyBursts += "]";
     const std::string self = "\"" + sparksID + "\"";
     const std::pair<const char*, std::string> cases[] = {
-        {"Sparks.particleLifeRange", "[3, 1]"},
-        {"Sparks.particleLifeRange", "[1]"},
-        {"Sparks.particleBurst", "5"},
+        {"Sparks.particleLifeRange", "[3, 1]"}, {"Sparks.particleLifeRange", "[1]"}, {"Sparks.particleBurst", "5"},
         {"Sparks.particleBurst", manyBursts},
         {"Sparks.particleColors", R"(["#000000","#000000","#000000","#000000","#000000"])"},
         {"Sparks.particleSizeOverLife", "[[0,1],[0,1],[0,1],[0,1],[0,1],[0,1],[0,1],[0,1],[0,1]]"},
-        {"Sparks.particleSizeOverLife", "[[1.5, 1]]"},
-        {"Sparks.particleColorOverLife", "[[0, 1]]"},
-        {"Sparks.particleGlyphs", "\"   \""},
-        {"Sparks.particleFrom", self},
-        {"Sparks.particleFrom", "\"Box\""},
-        {"Plain.particleInside", "true"},
-        {"Sparks.particleTexture", "[1]"},
-        {"Sparks.particleSource", "\"none\""},
+        {"Sparks.particleSizeOverLife", "[[1.5, 1]]"}, {"Sparks.particleColorOverLife", "[[0, 1]]"},
+        {"Sparks.particleGlyphs", "\"   \""}, {"Sparks.particleFrom", self}, {"Sparks.particleFrom", "\"Box\""},
+        {"Plain.particleInside", "true"}, {"Sparks.particleTexture", "[1]"}, {"Sparks.particleSource", "\"none\""},
         {"Sparks.particleSource", "[0, 0, 0, 10]"},
     };
     for (const auto& [path, value] : cases) expectRefused(particlesDraft(), path, JSONValue::parse(value), "");

@@ -35,8 +35,7 @@ TEST(TimeRange, HalfOpenMembershipEmptinessAndDuration) {
 TEST(TimeRange, IntersectionIsNoneUnlessSomethingIsShared) {
     const std::tuple<SourceRange, SourceRange, std::optional<SourceRange>> cases[] = {
         {source(0, 5), source(5, 9), std::nullopt}, // touching
-        {source(0, 5), source(3, 9), source(3, 5)},
-        {source(0, 9), source(2, 3), source(2, 3)},
+        {source(0, 5), source(3, 9), source(3, 5)}, {source(0, 9), source(2, 3), source(2, 3)},
         {source(0, 9), source(4, 4), std::nullopt},
         {source(9, 0), source(2, 3), std::nullopt}, // reversed
     };
