@@ -164,7 +164,6 @@ TEST(ActionList, BeyondBasicsKeepsListOrder) {
 // Opacity to 1, linearly, over the whole life: each case below changes one thing of it.
 Action base() { return Action::holding(PropertyKey::opacity(), ActionValue::makeNumber(1)); }
 
-
 using Change = void (*)(Action&);
 
 TEST(ActionSortKey, EachFieldOrdersInItsTurn) {
@@ -197,7 +196,6 @@ TEST(ActionSortKey, EachFieldOrdersInItsTurn) {
         {"words after numbers", [](Action& a) { a.param = "b", a.mode = to(ActionValue::makeNumber(0.5)); },
          [](Action& a) { a.param = "a"; }},
         {"words in order", [](Action& a) { a.axis = "GRAD"; }, [](Action& a) { a.axis = "wght"; }},
-
     };
     for (const auto& [what, earlier, later] : pairs) {
         Action a = base(), b = base();
@@ -242,7 +240,6 @@ TEST_F(ActionProblemTest, EachCheckGivesItsText) {
         {act(P::opacity(), along(2)), "Only position can move along a path."},
         {act(P::position(), along(1)), L10n::text("model.path.validation.minimumPoints")},
         {act(P::position(), along(2)), ""}, {act(P::opacity(), to(number(1)), ActionCurve::spring{0, 10}), spring},
-
         {act(P::opacity(), to(number(1)), ActionCurve::steps{0}), "Steps need at least one step."},
         {act(P::opacity(), to(number(1)), ActionCurve::bezier{0.2, 0, 1.5, 1}), bezier},
         {act(P::opacity(), to(number(1)), ActionCurve::bezier{0.2, -1, 0.5, 2}), ""}, // y may leave 0...1

@@ -62,7 +62,6 @@ TEST(ActionEvaluator, NumbersAtAMoment) {
         {"from the reached value", {turn, rotation(200, 50, between(1, 3))}, 2, 10, P::rotation(), 125},
         {"from the reached value, rounded", {turn, rotation(200, 50.00000001, between(1, 3))}, 2, 10, P::rotation(), 125},
         {"a colour on rotation", {action(P::rotation(), toMode(red, red), whole())}, 1, 10, P::rotation(), 0},
-
         {"blur driven below zero", {drift(-3)}, 1, 2, P::blur(), 0},
         {"blur driven to the end", {drift(3)}, 5, 2, P::blur(), 6}, {"a zoom", {zoom}, 1, 10, P::scale(), 2.5},
         {"a zoom about a point moves by equal ratios", {zoomAbout}, 1, 10, P::scale(), 2},
@@ -182,7 +181,6 @@ TEST(ActionEvaluator, TheOrderOfTheListDoesNotMatter) {
         EXPECT_EQ(evaluate(shuffled, clockAt(1.3)), expected) << round;
     }
 }
-
 
 TEST(ActionNoise, IsBoundedAndZeroOnTheLattice) {
     double smallest = 0, largest = 0;

@@ -133,7 +133,6 @@ TEST(DraftRenderKey, PayloadHoldsOnlyWhatTheDraftUses) {
         {"music, no instruments", music, Instruments{}, with({"music", "musicRenderer"})},
         {"music with instruments", music, Instruments{{"lead", "piano"}}, with({"music", "musicRenderer", "instruments"})},
         {"instruments without music", canvasDraft(), Instruments{{"lead", "piano"}}, always},
-
         {"click colour", clickColour, {}, with({"cursor", "clickLook"})},
         {"styling off draws the plain cursor", stylingOff, {}, always},
         {"recording without events", noEvents, {}, always},

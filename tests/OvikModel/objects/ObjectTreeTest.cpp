@@ -85,7 +85,6 @@ TEST(ObjectTreeJSON, AnAbsentOpacityIsNotOpacityOne) {
 }
 
 TEST(ObjectTreeJSON, BadInputFailsWithItsText) {
-    expectRefused<ObjectContent>({R"({"annotation":{"ribbon":{}}})", Kind::dataCorrupted, "annotation", "Unknown case ribbon"});
     const DecodingFailure inks[] = {
         {R"({"kind":"none"})", Kind::dataCorrupted, "", "Standard ink is omitted"},
         {R"({"kind":"dry","amount":0.5,"grain":0.2,"seed":1})", Kind::dataCorrupted, "", "Invalid dry ink parameters"},
@@ -334,7 +333,6 @@ TEST(ParticlesAnnotation, EveryFieldSurvivesItsJSON) {
     EXPECT_EQ(encodeJSON(particles).compact(), stored);
     EXPECT_EQ(particles.blend, ParticleBlend::lighten);
 }
-
 
 TEST(ParticlesAnnotation, ReadingClampsDepthAndLetterDelay) {
     // The stored depth and letter delay, and what is kept of them.

@@ -61,17 +61,7 @@ TEST(ObjectRows, EachRowRoundTripsOnAKindThatHasIt) {
         {"Text.slant", "-12"},             {"Rect.sideMaterial", R"({"color":"#FF0000"})"},
         {"Rect.backMaterial", R"({"roughness":0.5})"},
     };
-    for (const auto& [path, text] : cases) {
-        Draft draft = kindsDraft();
-        const JSONValue value = json(text);
-        EXPECT_TRUE(set(draft, path, value)) << path;
-        const auto read = get(draft, path);
-        ASSERT_TRUE(read) << path;
-        EXPECT_TRUE(read->same(value)) << path << " reads " << read->compact();
-        EXPECT_FALSE(set(draft, path, value)) << path << " changed again";
-        // What was written survives the draft's own JSON.
-        EXPECT_TRUE(get(reread(draft), path)->same(value)) << path;
-    }
+    for (const auto& [path, text] : cases) expectKept(kindsDraft(), path, json(text));
 }
 
 TEST(ObjectRows, AGroupReachesTheLeavesThatHaveTheRow) {
@@ -185,17 +175,8 @@ const std::tuple<const char*, std::string> roundTrips[] = {
 };
 
 TEST(ParticleRows, EveryRowRoundTripsThroughTheDraftAndItsJSON) {
-    for (const auto& [row, text] : roundTrips) {
-        Draft draft = particlesDraft();
-        const std::string path = std::string("Sparks.") + row;
-        const JSONValue value = JSONValue::parse(text);
-        set(draft, path, value);
-        const auto read = get(draft, path);
-        ASSERT_TRUE(read) << path;
-        EXPECT_TRUE(read->same(value)) << path << " reads " << read->compact();
-        EXPECT_FALSE(set(draft, path, value)) << path << " changed again";
-        EXPECT_TRUE(get(reread(draft), path)->same(value)) << path;
-    }
+    for (const auto& [row, text] : roundTrips)
+        expectKept(particlesDraft(), std::string("Sparks.") + row, JSONValue::parse(text));
 }
 
 TEST(ParticleRows, EveryParticleRowIsReadAndWrittenOnParticlesOnly) {

@@ -56,14 +56,42 @@ TEST(DraftProperties, EveryWritableRowRoundTrips) {
         const auto current = propertyValue(draft, path);
         if (!current) continue;
         const JSONValue other = otherValue(spec, *current);
-        EXPECT_TRUE(setProperty(draft, other, path)) << text;
-        EXPECT_TRUE(propertyValue(draft, path)->same(other)) << text << " " << other.compact();
-        // The same value again names no step, and what was written survives the objects' JSON.
-        EXPECT_FALSE(setProperty(draft, other, path)) << text;
-        EXPECT_TRUE(propertyValue(reread(draft), path)->same(other)) << text;
+        EXPECT_FALSE(current->same(other)) << text;
+        expectKept(draft, path.description(), other);
         ++written;
     }
     EXPECT_GE(written, 45);
+}
+
+// A value the row takes: what it holds now, else its first word or the low end of its range.
+JSONValue acceptedValue(const PropertySpec& spec, const std::optional<JSONValue>& current) {
+    if (current && !current->isNull()) return *current;
+    if (!spec.words.empty()) return JSONValue(spec.words.front());
+    if (spec.range) return JSONValue(spec.range->first);
+    return JSONValue("none");
+}
+
+// What a tool lists as writable on the draft, a write on the draft takes.
+TEST(DraftProperties, EveryRowListedAsWritableOnTheDraftCanBeSetOnIt) {
+    const Draft draft = boxDraft();
+    const std::vector<PropertyKey> keys = PropertyTable::writableKeys(PropertyTargetKind::draft);
+    ASSERT_FALSE(keys.empty());
+    for (const PropertyKey key : keys) {
+        const PropertySpec& spec = key.spec();
+        const PropertyPath path = PropertyPath::parse(spec.name, draft);
+        Draft edited = draft;
+        EXPECT_NO_THROW(setProperty(edited, acceptedValue(spec, propertyValue(draft, path)), path)) << spec.name;
+    }
+}
+
+// An offset is kept in whole microseconds: a value finer than that is taken but stores nothing
+// new, and a write that changes nothing names no undo step.
+TEST(DraftProperties, AWriteThatStoresNothingNewNamesNoUndoStep) {
+    const Draft draft = boxDraft();
+    Draft edited = draft;
+    EXPECT_EQ(set(edited, "Box.offset", JSONValue(1e-9)), std::nullopt);
+    EXPECT_EQ(edited, draft);
+    EXPECT_NE(set(edited, "Box.offset", JSONValue(0.5)), std::nullopt);
 }
 
 // The full text of each family of refusals of a value; other suites check only that a write is
@@ -155,9 +183,6 @@ TEST(DraftProperties, EqualValuesInAnotherFormChangeNothing) {
     EXPECT_FALSE(set(draft, "cursor.color", JSONValue("#ff0000")));
     EXPECT_TRUE(set(draft, "style.padding", JSONValue(std::int64_t(3))));
     EXPECT_FALSE(set(draft, "style.padding", JSONValue(3.0)));
-    // A media takes the same rule.
-    EXPECT_TRUE(set(draft, mediaText + ".blend", JSONValue("screen")));
-    EXPECT_FALSE(set(draft, mediaText + ".blend", JSONValue("screen")));
 }
 
 TEST(DraftProperties, PathsFindTheirTargets) {
@@ -283,7 +308,7 @@ TEST(EffectPaths, TheValueAlreadyThereChangesNothing) {
     Draft draft = effectsDraft();
     const std::string before = encodeJSON(draft).compact();
     EXPECT_EQ(set(draft, "Box.effects[0].opacity", JSONValue(0.5)), std::nullopt);
-    EXPECT_EQ(set(draft, "Box.effects[1].radius", JSONValue(2.0)), std::nullopt);
+
     EXPECT_EQ(encodeJSON(draft).compact(), before);
 }
 

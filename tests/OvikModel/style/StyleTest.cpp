@@ -59,7 +59,6 @@ TEST(Style, DisabledReadsInAnyOrderAndFoldsRepeats) {
     EXPECT_EQ(encodeJSON(style).at("disabled")->compact(), R"(["background","shadow"])");
 }
 
-
 TEST(Background, EachCaseHasItsTaggedForm) {
     const std::pair<const char*, Background> cases[] = {
         {R"("none")", Background::makeNone()}, {R"("wallpaper")", Background{{}, Background::wallpaper{}}},
@@ -319,7 +318,6 @@ TEST(AnnotationTokens, WritesATextsFieldsAndKeepsItsSizeInBounds) {
     const auto& text = note.as<Annotation::text>().value;
     EXPECT_EQ(std::tie(text.color, text.background, text.font, text.weight),
               std::make_tuple(blue, RGBA{1, 1, 1, 1}, role.font, FontWeight::bold));
-
 
     const std::pair<double, double> sizes[] = {{31, 31}, {5000, 2000}, {1, 4}, {NAN, 4}, {INFINITY, 4}};
     for (const auto& [size, expected] : sizes) {

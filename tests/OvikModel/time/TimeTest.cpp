@@ -388,8 +388,6 @@ TEST(TimeMap, RampedMapKeepsPlayedAndOutputInStep) {
     EXPECT_EQ(map.played(map.firstOutput(out(2'500'000))), out(2'500'000));
 }
 
-
-
 // A: 4 s of recording; B: a 2 s still coming in over a 3 s transition (limited to 1 s, half
 // of B); C: a 1 s still after a plain cut that stores a length.
 std::vector<Section> threeSections() {
