@@ -29,8 +29,7 @@ using namespace testing;
 Draft recordingDraft() {
     Recording recording;
     recording.segments = {Segment{PackagePath{"media/a/b.mov"},
-                                  {TrackRef{TrackRole::screen, 1, {}}, TrackRef{TrackRole::microphone, 2, {}}},
-                                  0,
+                                  {TrackRef{TrackRole::screen, 1, {}}, TrackRef{TrackRole::microphone, 2, {}}}, 0,
                                   MediaDuration{9000000}}};
     recording.events = PackagePath{"events/events.json"};
     Draft draft = canvasDraft();

@@ -260,11 +260,9 @@ TEST(ObjectNamer, CountsOnFromTheHighestNumberOfEachKind) {
     const auto rectangle = ObjectContent::makeAnnotation(defaults.rectangle({}));
     const auto ellipse = ObjectContent::makeAnnotation(defaults.ellipse({}));
     const ObjectNodes nodes{
-        named("矩形 3", rectangle),
-        named("矩形 x", rectangle),
+        named("矩形 3", rectangle), named("矩形 x", rectangle),
         named("编组 2", ObjectContent::makeGroup({named("矩形 -7", rectangle), named("矩形 12", ellipse)})),
-        named("矩形  9", rectangle),
-        named("矩形 99999999999999999999", rectangle),
+        named("矩形  9", rectangle), named("矩形 99999999999999999999", rectangle),
     };
     ObjectNamer namer = ObjectNamer::over(nodes);
     const auto rectangles = ObjectNamer::Key::makeKind(AnnotationKind::rectangle);

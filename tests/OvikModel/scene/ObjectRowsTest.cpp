@@ -23,16 +23,10 @@ Draft kindsDraft() {
     path.path.anchors[1].point = CGPoint{30, 40};
     Draft draft;
     draft.objects = CowList<ObjectNode>({
-        rect,
-        leaf("Oval", 1, d.ellipse(frame)),
-        leaf("Arrow", 2, d.arrow({0, 0}, {50, 50})),
-        leaf("Line", 3, d.line({0, 0}, {50, 0})),
-        leaf("Pen", 4, d.pen({{0, 0}, {5, 5}}, std::nullopt)),
-        leaf("Text", 5, d.text({0, 0}, "Hello")),
-        leaf("Counter", 6, d.counter({20, 20})),
-        leaf("Redact", 7, d.redact(frame)),
-        leaf("Spot", 8, d.spotlight(frame)),
-        leaf("Lens", 9, d.magnifier(2, frame)),
+        rect, leaf("Oval", 1, d.ellipse(frame)), leaf("Arrow", 2, d.arrow({0, 0}, {50, 50})),
+        leaf("Line", 3, d.line({0, 0}, {50, 0})), leaf("Pen", 4, d.pen({{0, 0}, {5, 5}}, std::nullopt)),
+        leaf("Text", 5, d.text({0, 0}, "Hello")), leaf("Counter", 6, d.counter({20, 20})),
+        leaf("Redact", 7, d.redact(frame)), leaf("Spot", 8, d.spotlight(frame)), leaf("Lens", 9, d.magnifier(2, frame)),
         leaf("Path", 10, Annotation{{}, Annotation::path{path}}),
         node("Marks", 11,
              ObjectContent::makeGroup({leaf("Inner", 12, d.rectangle(frame)), leaf("Caption", 13, d.text({0, 0}, "A"))})),
@@ -145,8 +139,7 @@ Draft particlesDraft() {
     const AnnotationDefaults d = AnnotationDefaults::standard();
     Draft draft;
     draft.objects = CowList<ObjectNode>({
-        leaf("Box", 1, d.rectangle(frame)),
-        leaf("Other", 2, d.ellipse(frame)),
+        leaf("Box", 1, d.rectangle(frame)), leaf("Other", 2, d.ellipse(frame)),
         leaf("Sparks", 3, Annotation{{}, Annotation::particles{sparks}}),
         leaf("Plain", 4, Annotation{{}, Annotation::particles{ParticlesAnnotation::standard(frame, std::nullopt, 1)}}),
     });
@@ -170,8 +163,7 @@ const std::tuple<const char*, std::string> roundTrips[] = {
     {"particleTurbulenceRate", "2"}, {"particleTurbulenceScale", "200"}, {"particleFlip", "-2"},
     {"particleSpin", "90"}, {"particleDrag", "0.5"}, {"particleGlyphs", "\"\xE2\x98\x85+\""},
     {"particleColors", R"(["#FF0000", "#00FF00"])"}, {"particleFrom", "\"" + otherID + "\""},
-    {"particleFrom", "\"none\""}, {"particleTexture", R"({"object": ")" + otherID + "\"}"},
-    {"particleWind", "[5, -1]"},
+    {"particleFrom", "\"none\""}, {"particleTexture", R"({"object": ")" + otherID + "\"}"}, {"particleWind", "[5, -1]"},
 };
 
 TEST(ParticleRows, EveryRowRoundTripsThroughTheDraftAndItsJSON) {
