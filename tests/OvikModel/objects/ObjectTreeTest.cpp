@@ -85,7 +85,6 @@ TEST(ObjectTreeJSON, AnAbsentOpacityIsNotOpacityOne) {
 }
 
 TEST(ObjectTreeJSON, BadInputFailsWithItsText) {
-    expectRefused<ObjectContent>({R"({"annotation":{"ribbon":{}}})", Kind::dataCorrupted, "annotation", "Unknown case ribbon"});
     const DecodingFailure inks[] = {
         {R"({"kind":"none"})", Kind::dataCorrupted, "", "Standard ink is omitted"},
         {R"({"kind":"dry","amount":0.5,"grain":0.2,"seed":1})", Kind::dataCorrupted, "", "Invalid dry ink parameters"},
@@ -180,7 +179,6 @@ TEST(ObjectWalks, NodesAreFoundWithTheirLocationAtAnyDepth) {
     EXPECT_EQ(node(nodes, id(42)), nullptr);
 
     EXPECT_TRUE(updateNode(nodes, id(6), [](ObjectNode& node) { node.name = "six"; }));
-    EXPECT_FALSE(updateNode(nodes, id(42), [](ObjectNode& node) { node.name = "none"; }));
     EXPECT_EQ(node(nodes, id(6))->name, "six");
 }
 
@@ -238,10 +236,8 @@ TEST(ObjectWalks, AncestorsAndHiddenness) {
     const ObjectNodes nodes = tree();
     EXPECT_EQ(ancestors(nodes, id(6)), ids({1, 3, 5}));
     EXPECT_EQ(ancestors(nodes, id(8)), ids({}));
-    EXPECT_TRUE(isEffectivelyHidden(nodes, id(6)));
-    EXPECT_TRUE(isEffectivelyHidden(nodes, id(3)));
-    EXPECT_FALSE(isEffectivelyHidden(nodes, id(2)));
-    EXPECT_FALSE(isEffectivelyHidden(nodes, id(42)));
+    for (const auto& [n, hidden] : {std::pair{6, true}, {3, true}, {2, false}, {42, false}})
+        EXPECT_EQ(isEffectivelyHidden(nodes, id(n)), hidden) << n;
 }
 
 TEST(ObjectWalks, PathsOfEveryDepthAreListed) {
@@ -264,11 +260,9 @@ TEST(ObjectNamer, CountsOnFromTheHighestNumberOfEachKind) {
     const auto rectangle = ObjectContent::makeAnnotation(defaults.rectangle({}));
     const auto ellipse = ObjectContent::makeAnnotation(defaults.ellipse({}));
     const ObjectNodes nodes{
-        named("矩形 3", rectangle),
-        named("矩形 x", rectangle),
+        named("矩形 3", rectangle), named("矩形 x", rectangle),
         named("编组 2", ObjectContent::makeGroup({named("矩形 -7", rectangle), named("矩形 12", ellipse)})),
-        named("矩形  9", rectangle),
-        named("矩形 99999999999999999999", rectangle),
+        named("矩形  9", rectangle), named("矩形 99999999999999999999", rectangle),
     };
     ObjectNamer namer = ObjectNamer::over(nodes);
     const auto rectangles = ObjectNamer::Key::makeKind(AnnotationKind::rectangle);
@@ -286,7 +280,6 @@ TEST(AnnotationDefaults, FactoriesFitWhatTheyAreGiven) {
               (CGRect{{60, 40}, {40, 10}}));
     EXPECT_EQ(defaults.arrow({0, 0}, {1, 1}).as<Annotation::arrow>().value.heads, ArrowHeads::end);
     EXPECT_EQ(defaults.line({0, 0}, {1, 1}).as<Annotation::line>().value.heads, ArrowHeads::none);
-    EXPECT_FALSE(defaults.text({1, 2}, "hi").as<Annotation::text>().value.formula);
     EXPECT_TRUE(defaults.formula({1, 2}, 30).as<Annotation::text>().value.formula);
     // A lens is a square of a quarter of the shorter side of what it looks at, in its middle.
     EXPECT_EQ(defaults.magnifier(2, {{0, 0}, {400, 200}}).as<Annotation::magnifier>().value.frame,
@@ -313,13 +306,11 @@ TEST(ParticlesAnnotation, ANewRecipeWritesOnlyWhatDiffersFromAbsence) {
 
 TEST(ParticlesAnnotation, TurbulenceRateIsWrittenOnlyWithTurbulence) {
     // Turbulence, its rate, and whether the rate is written.
-    const std::tuple<double, double, bool> cases[] = {{0, 0, false}, {0, 3, false}, {5, 0, true}, {5, 3, true}};
-    for (const auto& [turbulence, rate, written] : cases) {
+    for (const auto& [turbulence, written] : {std::pair{0.0, 0u}, {5.0, 1u}}) {
         ParticlesAnnotation particles = standard();
         particles.turbulence = turbulence;
-        particles.turbulenceRate = rate;
-        EXPECT_EQ(encodeJSON(particles).object()->count("turbulenceRate"), written ? 1u : 0u)
-            << turbulence << " " << rate;
+        particles.turbulenceRate = 3;
+        EXPECT_EQ(encodeJSON(particles).object()->count("turbulenceRate"), written) << turbulence;
     }
 }
 
@@ -339,12 +330,6 @@ TEST(ParticlesAnnotation, EveryFieldSurvivesItsJSON) {
     const auto particles = decodeJSON<ParticlesAnnotation>(stored);
     EXPECT_EQ(encodeJSON(particles).compact(), stored);
     EXPECT_EQ(particles.blend, ParticleBlend::lighten);
-}
-
-TEST(ParticlesAnnotation, ReadingFailsWithAnUnknownSource) {
-    JSONValue json = encodeJSON(standard());
-    json.object()->insert_or_assign("source", JSONValue::parse(R"({"spiral":[0,0]})"));
-    EXPECT_THROW(decodeJSON<ParticlesAnnotation>(json), DecodingError);
 }
 
 TEST(ParticlesAnnotation, ReadingClampsDepthAndLetterDelay) {
@@ -416,8 +401,7 @@ TEST(ParticlesAnnotation, KeptGlyphsStopAtTheLimitOfCharacters) {
     for (int i = 0; i < 130; ++i) stars += "\xE2\x98\x85"; // three bytes a character
     particles.glyphs = stars;
     EXPECT_EQ(particles.kept().glyphs, stars.substr(0, 128 * 3));
-    particles.glyphs = "ab";
-    EXPECT_EQ(particles.kept().glyphs, "ab");
+
 }
 
 } // namespace

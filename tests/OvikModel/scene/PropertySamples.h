@@ -34,6 +34,17 @@ inline Draft reread(const Draft& draft) {
     return out;
 }
 
+/// The write leaves `value` at `path`, the same write again names no step, and the value survives
+/// the objects' JSON.
+inline void expectKept(Draft draft, const std::string& path, const JSONValue& value) {
+    set(draft, path, value);
+    const auto read = get(draft, path);
+    ASSERT_TRUE(read) << path;
+    EXPECT_TRUE(read->same(value)) << path << " reads " << read->compact();
+    EXPECT_FALSE(set(draft, path, value)) << path << " changed again";
+    EXPECT_TRUE(get(reread(draft), path)->same(value)) << path;
+}
+
 /// The write throws an `invalid` `PropertyError` whose text holds `message` (any text when it is
 /// empty), and the draft is left byte for byte as it was.
 inline void expectRefused(Draft draft, const std::string& path, const JSONValue& value, const std::string& message) {

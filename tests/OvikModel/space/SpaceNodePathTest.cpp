@@ -10,9 +10,7 @@ namespace {
 TEST(SpaceNodePath, ReadsTheLongestNodeAtTheStart) {
     // The text, how much of it the node takes (0: no node), and its steps.
     const std::tuple<const char*, std::size_t, std::size_t> cases[] = {
-        {"objects.0", 9, 1},
-        {"lights.2.color", 8, 1},
-        {"objects.0.children.1.material.roughness", 20, 2},
+        {"objects.0", 9, 1}, {"lights.2.color", 8, 1}, {"objects.0.children.1.material.roughness", 20, 2},
         {"objects.12.children.0.children.3", 32, 3},
         {"objects.0.children", 9, 1},   // a list without its index is not a step
         {"objects.0.childrenx.1", 9, 1},
@@ -36,13 +34,9 @@ TEST(SpaceNodePath, FindsOnlyObjectNodes) {
         R"({"lights": [{"type": "PointLight"}], "objects": [{"children": [5, {"type": "Mesh"}], "type": "Group"}]})");
     // The text, and the type of the node it finds (null: none).
     const std::tuple<const char*, const char*> cases[] = {
-        {"lights.0", "PointLight"},
-        {"objects.0", "Group"},
-        {"objects.0.children.1", "Mesh"},
+        {"lights.0", "PointLight"}, {"objects.0", "Group"}, {"objects.0.children.1", "Mesh"},
         {"objects.0.children.0", nullptr}, // not a JSON object
-        {"objects.0.children.2", nullptr},
-        {"objects.1", nullptr},
-        {"lights.0.children.0", nullptr},
+        {"objects.0.children.2", nullptr}, {"objects.1", nullptr}, {"lights.0.children.0", nullptr},
     };
     for (const auto& [text, type] : cases) {
         const JSONValue* node = SpaceNodePath::parse(text)->in(space);

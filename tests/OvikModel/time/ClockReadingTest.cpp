@@ -31,26 +31,20 @@ ClockReading read(const Draft& draft, const Case& c) {
 TEST(ClockReading, EachClockIsRoundedOnce) {
     const Case cases[] = {
         // Section 1: source 1 is 1 / 2 = 0.5 µs of film, rounded away from zero.
-        {Clock::source, 1, 1, 1, 1, 1},
-        {Clock::source, 1, 3, 2, 3, 3},
-        {Clock::played, 1, 1, 1, 1, 1},
-        {Clock::played, 1, 3, 2, 3, 3},
-        {Clock::output, 1, 1, 1, 2, 2},
+        {Clock::source, 1, 1, 1, 1, 1}, {Clock::source, 1, 3, 2, 3, 3}, {Clock::played, 1, 1, 1, 1, 1},
+        {Clock::played, 1, 3, 2, 3, 3}, {Clock::output, 1, 1, 1, 2, 2},
         // Section 2: source 1 is 1.5 played µs at 2/3; source 201 is played 301.5 and the
         // frame the hold shows.
-        {Clock::source, 2, 1, 524'289, 1'048'578, 1},
-        {Clock::source, 2, 201, 524'589, 1'048'878, 201},
+        {Clock::source, 2, 1, 524'289, 1'048'578, 1}, {Clock::source, 2, 201, 524'589, 1'048'878, 201},
         {Clock::played, 2, 1'048'877, 524'589, 1'048'877, 201}, // the hold's first moment
         {Clock::played, 2, 1'048'878, 574'590, 1'048'878, 201},
         {Clock::played, 2, 1'048'576, 524'288, 1'048'576, 0}, // a join belongs to the later section
         {Clock::output, 2, 544'288, 544'288, 1'048'877, 201}, // inside the hold
         {Clock::output, 2, 574'590, 574'590, 1'048'878, 202},
         // The end of a section's last stretch is its own; past it the moment was cut.
-        {Clock::source, 2, 1001, 575'790, 1'050'078, 1001},
-        {Clock::source, 2, 5000, std::nullopt, std::nullopt, 5000},
+        {Clock::source, 2, 1001, 575'790, 1'050'078, 1001}, {Clock::source, 2, 5000, std::nullopt, std::nullopt, 5000},
         // Section 3: at 3 the film rounds 2 / 3 µs to 1.
-        {Clock::source, 3, 2, 575'791, 1'050'080, 2},
-        {Clock::played, 3, 1'050'080, 575'791, 1'050'080, 2},
+        {Clock::source, 3, 2, 575'791, 1'050'080, 2}, {Clock::played, 3, 1'050'080, 575'791, 1'050'080, 2},
     };
     const Draft draft = roundingDraft();
     for (const Case& c : cases) {

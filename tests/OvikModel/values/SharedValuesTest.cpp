@@ -124,13 +124,8 @@ constexpr std::int64_t smallest = std::numeric_limits<std::int64_t>::min();
 
 TEST(Times, SecondsRoundHalvesAwayFromZeroAndSaturate) {
     const std::pair<double, std::int64_t> cases[] = {
-        {0.0000005, 1},
-        {-0.0000005, -1},
-        {0.0000004, 0},
-        {9.2e12, 9200000000000000000},
-        {std::nan(""), 0},
-        {-std::numeric_limits<double>::infinity(), 0},
-        {9.3e12, largest},
+        {0.0000005, 1}, {-0.0000005, -1}, {0.0000004, 0}, {9.2e12, 9200000000000000000}, {std::nan(""), 0},
+        {-std::numeric_limits<double>::infinity(), 0}, {9.3e12, largest},
         {-1e300, smallest}, // the product itself overflows
         {-9223372036854.775808, smallest}, // exactly the lowest count
     };
@@ -156,9 +151,7 @@ TEST(Times, MillisecondsDescriptionsAndArithmeticSaturate) {
 TEST(Times, FrameIndexLeansIntoTheFrameABoundaryOpens) {
     const std::tuple<double, double, double> cases[] = {
         {1.0 / 30.0, 30, 1}, // exactly on a boundary: not one short
-        {1.0 / 30.0 - 0.0001, 30, 0},
-        {10.0 / 3.0, 29.97, 99},
-        {-0.5, 2, -1},
+        {1.0 / 30.0 - 0.0001, 30, 0}, {10.0 / 3.0, 29.97, 99}, {-0.5, 2, -1},
     };
     for (const auto& [seconds, fps, index] : cases) EXPECT_EQ(frameIndex(seconds, fps), index) << seconds << " at " << fps;
 }
@@ -175,14 +168,10 @@ TEST(NumberText, FormatRoundsPadsAndGroups) {
         {-0.004, 2, false, "0.00"}, // no negative zero
         {-0.4, 0, false, "0"},
         {2.5, 0, false, "3"}, // halves away from zero
-        {-2.5, 0, false, "-3"},
-        {0.125, 2, false, "0.13"},
-        {-123456, 0, true, "-123,456"},
+        {-2.5, 0, false, "-3"}, {0.125, 2, false, "0.13"}, {-123456, 0, true, "-123,456"},
         {999999.9996, 3, true, "1,000,000.000"}, // rounding carries into a new group
         {1, 9, false, "1.000000"},               // decimals clamped to 6
-        {1.7, -3, false, "2"},
-        {1e20, 1, true, "100,000,000,000,000,000,000.0"},
-        {NAN, 2, true, "0"},
+        {1.7, -3, false, "2"}, {1e20, 1, true, "100,000,000,000,000,000,000.0"}, {NAN, 2, true, "0"},
         {-INFINITY, 0, false, "0"},
     };
     for (const auto& [value, decimals, grouped, text] : cases)
@@ -202,8 +191,7 @@ TEST(NumberText, SubstituteKeepsTheLookOfTheFirstNumber) {
         {42, "no digits", "42"},      // the text is dropped
         {3.14159, "Value: 7.5", "Value: 3.1"},
         {1234.5, "-5 items", "1235 items"}, // the sign belongs to the number
-        {-1500, "+10", "-1500"},
-        {5, "x+-3", "x+5"},
+        {-1500, "+10", "-1500"}, {5, "x+-3", "x+5"},
         {5, "1234,567", "5,567"},      // four leading digits can't open a group
         {5, "12,3456", "56"},          // a group is exactly three digits
         {1000000, "v 0,000 w", "v 1,000,000 w"},
